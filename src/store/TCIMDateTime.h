@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace NZANQSX20 {
+
+/// A CIM date-time: a point in time with its offset from UTC, or an interval.
+///
+/// Units:   offset in minutes east of UTC; an interval counts days, hours, minutes, seconds,
+/// microseconds. Shape:   fields that the collection left open ("**") are kept as such and told as
+/// they stand.
+class TCIMDateTime
+{
+public:
+   /// 0000-00-00 00:00:00, a point in time that no calendar has.
+   TCIMDateTime() = default;
+   TCIMDateTime(unsigned short year, unsigned short month, unsigned int day, unsigned short hours,
+                unsigned short minutes, unsigned short seconds, unsigned int microseconds,
+                short utcOffset);
+
+   /// Reads the 25-character form "yyyymmddHHMMSS.mmmmmm+UUU" or "ddddddddHHMMSS.mmmmmm:000".
+   /// Missing: false when the text is no such form or names a date or time that does not exist.
+   static bool Parse(const std::string& text, TCIMDateTime& result);
+
+   /// What a report shows: "2009-01-02 03:04:05", or "3 days 04:05:06" for an interval.
+   std::string ToUIString() const;
+
+   /// The 25-character form.
+   std::string ToString() const;
+
+   bool IsInterval() const { return fIsInterval; }
+
+   /// By time: points in time by their UTC instant, intervals by length, points before intervals.
+   bool operator<(const TCIMDateTime& other) const;
+   bool operator==(const TCIMDateTime& other) const;
+
+private:
+   std::int64_t GetSortableMicroseconds() const;
+
+   unsigned int fDay = 0;
+   unsigned int fMicroseconds = 0;
+   unsigned short fYear = 0;
+   unsigned short fMonth = 0;
+   unsigned short fHours = 0;
+   unsigned short fMinutes = 0;
+   unsigned short fSeconds = 0;
+   short fUtcOffset = 0;
+   bool fIsInterval = false;
+   /// How many of the 20 leading digits are known; the rest were asterisks.
+   unsigned char fKnownDigits = 20;
+};
+
+}  // namespace NZANQSX20

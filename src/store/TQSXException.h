@@ -1,0 +1,36 @@
+#pragma once
+
+#include <exception>
+#include <string>
+
+namespace NZANQSX20 {
+
+/// A numeric outcome of the store. 15 means that the thing looked for does not exist; no other
+/// number has a meaning to the report library.
+struct TQSXStatusCode
+{
+   int fStatusCode = 0;
+
+   /// The host's text for the status. Owner: valid for the life of the program.
+   const std::string& TranslateStatusCode() const;
+};
+
+/// The class, property or qualifier that was looked for is not there.
+constexpr int kStatusNotFound = 15;
+
+/// The one failure that crosses the store interfaces. A value: copied when caught and when thrown
+/// on.
+class TQSXException : public std::exception
+{
+public:
+   explicit TQSXException(int statusCode) : fStatusCode{statusCode} {}
+
+   explicit TQSXException(TQSXStatusCode statusCode) : fStatusCode(statusCode) {}
+
+   /// The text of the status, as TranslateStatusCode() gives it.
+   const char* what() const noexcept override;
+
+   TQSXStatusCode fStatusCode;
+};
+
+}  // namespace NZANQSX20

@@ -1,6 +1,6 @@
 # The front door: make report, make test. Everything else stands in CONTRIBUTING.md.
 
-COLLECTION ?= examples/debian-host.mof
+COLLECTION ?= examples/debian-host
 OUT ?= out/report
 
 TOOL := build/release/bin/qsxreport

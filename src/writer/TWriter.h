@@ -201,6 +201,45 @@ public:
    void ForwardCarry(RunDuration& duration);
    int Calculate(RunDuration duration);
 
+   // ---- writer/delta/DeltaReport.cpp
+   // ----------------------------------------------------------------
+
+   /// Writes the comparison page of a definition. Throws: what the store throws, status 15 apart.
+   void WriteGenericDeltaReport(TReportParameters params);
+   /// The record, or the first below it, that has a finding of exactly that type.
+   /// Missing: an empty handle.
+   boost::shared_ptr<TInstanceDelta> FindDeltaInstanceWithDeltas(
+      boost::shared_ptr<TInstanceDelta> record, unsigned char type);
+   void WriteMissingOrExtraDeltaTable(boost::shared_ptr<TInstanceDelta> record, bool missing);
+
+   // ---- writer/delta/DifferenceTable.cpp
+   // ------------------------------------------------------------
+
+   void WritePropertyDeltaTable(boost::shared_ptr<TInstanceDelta> record);
+
+   // ---- writer/delta/DeltaSearch.cpp
+   // ----------------------------------------------------------------
+
+   /// Appends the findings of a class and its subclasses. Missing: an unknown class adds nothing.
+   void FindDeltas(std::string className, TInstances& deltas);
+   /// Fills the class delta and the tree below it.
+   void CreateDeltaInstances(boost::shared_ptr<TClassDelta> classDelta);
+   /// Prints the records on standard output, for whoever debugs a comparison.
+   void DumpDeltas(boost::shared_ptr<TClassDelta> classDelta);
+
+   // ---- writer/delta/AssociationDeltas.cpp
+   // ----------------------------------------------------------
+
+   /// A finding on an associated instance becomes a difference of the column that shows it.
+   void CreateDeltaAssocProperties(boost::shared_ptr<TClassDelta> classDelta);
+   void CreateDeltaAssocProperties(boost::shared_ptr<TClassDelta> classDelta,
+                                   TReportProperty& property, std::string propertyName,
+                                   std::string assocClass, std::string assocTarget);
+   /// Pulls the parents of the records into the report, all the way up.
+   void CreateDeltaBackAssocDependencies(boost::shared_ptr<TClassDelta> classDelta);
+   /// Pulls the associated children of the records into the report.
+   void CreateDeltaAssocDependencies(boost::shared_ptr<TClassDelta> classDelta);
+
 protected:
    // The concrete writer owns its construction and destruction.
    TWriter() = default;

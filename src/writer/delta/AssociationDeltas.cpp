@@ -39,16 +39,12 @@ TInstances FindNearInstances(const boost::shared_ptr<ICIMInstance>& far,
                              const std::string& assocClass, const std::string& nearClass,
                              const TContext& context)
 {
-   TInstances result;
    try {
-      far->EnumerateAssociators(TAddToVectorCallback<ICIMInstance>(result), assocClass, nearClass,
-                                "", "", context);
-   } catch (const TQSXException& ex) {
-      if (ex.fStatusCode.fStatusCode != kStatusNotFound)
-         throw TQSXException(ex.fStatusCode);
-      result.clear();
+      return EnumerateAssociators(far, assocClass, nearClass, "", "", context);
+   } catch (const TQSXException& failure) {
+      RethrowUnlessNotFound(failure);
+      return {};
    }
-   return result;
 }
 
 std::string GetRecordPath(TClassDelta& classDelta, const boost::shared_ptr<ICIMInstance>& instance,
@@ -100,11 +96,9 @@ TInstances FindFarFindings(TWriter& writer, const TClassDelta& classDelta,
       return findings;
    }
    const TContext context = NamespaceContext(0);
-   std::vector<boost::shared_ptr<ICIMClass>> targets;
-   classDelta.fNamespace->GetClass(classDelta.fReportClass->GetClass(), context)
-      ->EnumerateAssociatedClasses(TAddToVectorCallback<ICIMClass>(targets), assocClass, "", "", "",
-                                   context);
-   for (const auto& target : targets)
+   const auto nearClass =
+      classDelta.fNamespace->GetClass(classDelta.fReportClass->GetClass(), context);
+   for (const auto& target : EnumerateAssociatedClasses(nearClass, assocClass, "", "", "", context))
       writer.FindDeltas(target->GetName(TContext()), findings);
    return findings;
 }
@@ -198,8 +192,8 @@ void TWriter::CreateDeltaAssocProperties(boost::shared_ptr<TClassDelta> classDel
                                          TReportProperty& property, std::string propertyName,
                                          std::string assocClass, std::string assocTarget)
 {
-   LogTrace("Entering TWriter::CreateDeltaAssocProperties(2), propertyName=" + propertyName +
-            ", assocClass=" + assocClass);
+   LogTrace("Entering TWriter::CreateDeltaAssocProperties(2), propertyName=", propertyName,
+            ", assocClass=", assocClass);
    const TInstances findings = FindFarFindings(*this, *classDelta, assocClass, assocTarget);
    TNearInstances nearInstances = CollectNearInstances(*classDelta, findings, propertyName,
                                                        assocClass, fNamespaceLabels.size());
@@ -224,9 +218,9 @@ void TWriter::CreateDeltaBackAssocDependencies(boost::shared_ptr<TClassDelta> cl
       if (!instance)
          continue;
       // Role and result role are crossed: the walk goes against the direction of the definition.
-      for (const auto& parent :
-           Associators(instance, reportClass.GetAssocClass(), back->fReportClass->GetClass(),
-                       reportClass.GetResultRole(), reportClass.GetRole()))
+      for (const auto& parent : EnumerateAssociators(
+              instance, reportClass.GetAssocClass(), back->fReportClass->GetClass(),
+              reportClass.GetResultRole(), reportClass.GetRole()))
          AddAssociated(
             *FindOrMakeRecord(back, parent, index, fNamespaceLabels.size(), child->fDeltaType),
             child);
@@ -246,9 +240,9 @@ void TWriter::CreateDeltaAssocDependencies(boost::shared_ptr<TClassDelta> classD
          const auto instance = parent->GetInstance(index);
          if (!instance)
             continue;
-         for (const auto& child :
-              Associators(instance, reportClass.GetAssocClass(), reportClass.GetResultClass(),
-                          reportClass.GetRole(), reportClass.GetResultRole()))
+         for (const auto& child : EnumerateAssociators(
+                 instance, reportClass.GetAssocClass(), reportClass.GetResultClass(),
+                 reportClass.GetRole(), reportClass.GetResultRole()))
             AddAssociated(*parent, FindOrMakeRecord(childClass, child, index,
                                                     fNamespaceLabels.size(), parent->fDeltaType));
       }

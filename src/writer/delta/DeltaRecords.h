@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include <boost/make_shared.hpp>
 #include <boost/weak_ptr.hpp>
 
 #include "writer/TWriter.h"

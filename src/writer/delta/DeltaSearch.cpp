@@ -75,14 +75,14 @@ void TWriter::FindDeltas(std::string className, TInstances& deltas)
    const boost::shared_ptr<ICIMClass> cimClass = FindClass(fNamespace, className, context);
    if (!cimClass)
       return;
-   std::vector<boost::shared_ptr<ICIMClass>> classes(1, cimClass);
-   cimClass->EnumerateSubclasses(TAddToVectorCallback<ICIMClass>(classes), true, context);
+   TClasses classes = EnumerateSubclasses(cimClass, context);
+   classes.insert(classes.begin(), cimClass);
    for (const auto& compared : classes) {
       const auto deltaClass = fDeltaClasses.find(compared->GetName(TContext()));
       if (deltaClass == fDeltaClasses.end())
          continue;
       for (const auto& finding :
-           Associators(deltaClass->second, "ZANSG_DeltaClassAssocToDelta", "ZANSG_Delta"))
+           EnumerateAssociators(deltaClass->second, "ZANSG_DeltaClassAssocToDelta", "ZANSG_Delta"))
          if (std::find(deltas.begin(), deltas.end(), finding) == deltas.end())
             deltas.push_back(finding);
    }

@@ -23,6 +23,9 @@ public:
       kUnknownOS = 4
    };
 
+   /// The mode that adds the tables and reports of service.
+   static constexpr const char* kServiceMode = "mek";
+
    TReportParametersBuilder(boost::shared_ptr<ICIMNamespace> cimNamespace, std::string mode,
                             bool isKMC);
 
@@ -64,6 +67,42 @@ public:
 
    TReportParameters BuildNetworkWithTeamingParams();
    TReportParameters BuildNetworkWithoutTeamingParams();
+
+   // ---- catalogue/HardwareReports.cpp
+   // -----------------------------------------------------------------
+
+   TReportParameters BuildHardwareInfoParams();
+   TReportParameters BuildPCIInfoParams();
+
+   // ---- catalogue/FirmwareReports.cpp
+   // -----------------------------------------------------------------
+
+   TReportParameters BuildFirmwareParams();
+   TReportParameters BuildEmulexParams();
+   TReportParameters BuildQlogicParams();
+
+   // ---- catalogue/ServiceProcessorReports.cpp
+   // -----------------------------------------------------------------
+
+   TReportParameters BuildServProcConfigParams();
+   TReportParameters BuildBeaconPanelParams();
+   TReportParameters BuildBISTParams();
+
+   // ---- catalogue/LogReports.cpp
+   // -----------------------------------------------------------------
+
+   TReportParameters BuildCELLogParams();
+   TReportParameters BuildTLMLogParams();
+   TReportParameters BuildWRDPLogParams();
+   TReportParameters BuildIPMILogParams();
+   TReportParameters BuildWinAppEventParams();
+   TReportParameters BuildWinSysEventParams();
+   TReportParameters BuildWinSecEventParams();
+   TReportParameters BuildMergeLogParams();
+   TReportParameters BuildFileLoaderParams();
+   TReportParameters BuildPSParams();
+   TReportParameters BuildQSXLogParams();
+   TReportParameters BuildDiagsParams();
 
 private:
    boost::shared_ptr<ICIMNamespace> fNamespace;

@@ -19,15 +19,24 @@ public:
    /// Throws: what the schedule does not answer; the writer is then not disposed.
    void Write(TWriter* writer, std::map<std::string, TCIMValue> params);
 
-   // ---- Corrections of the collected data, one file each; no TQSXException leaves them
-   // -----------------
+   // ---- Corrections of the collected data, one file each; no TQSXException leaves those of a run
+   // ------------------------------------------------------------------------------------------
 
+   /// A slot that an association joins to a device is in use.
    void fixPCISlots();
+   /// A slot whose number a device tells as its own is in use.
    void fixPCISlots2();
+   /// Adds the hint that a removed drive may belong to an array. Twice is harmless.
    void fixCriticalDetailforRaidDiskRemoval();
+   /// Takes one dash from the end of the product name.
    void fixProductNameofComputerSystem();
-   /// The run parameters are the context of Delete.
+   /// Removes the monitors of the remote supervisor adapter. The run parameters are the context of
+   /// Delete.
    void fixRedundantMonitorInfo(std::map<std::string, TCIMValue> params);
+   /// Fills what serial presence data lacks from the controller's records. No run calls it.
+   /// Throws: what a class lookup or an enumeration throws; std::out_of_range where the bank or tag
+   /// of a module has fewer than four characters.
+   void fixMemInfo();
 
 private:
    boost::shared_ptr<ICIMNamespace> fNamespace;

@@ -44,7 +44,7 @@ public:
 
    void SetWidth(const std::string& width) { fClass.SetTableWidth(width); }
 
-   /// The label column's width on a column table, which shows none; UseRowStyle sets it otherwise.
+   /// The label column's width on a column table, which shows none.
    void SetHeaderWidth(const std::string& width) { fClass.SetRowReportHeaderWidth(width); }
 
    /// The most instances in one grid.

@@ -240,6 +240,62 @@ public:
    /// Pulls the associated children of the records into the report.
    void CreateDeltaAssocDependencies(boost::shared_ptr<TClassDelta> classDelta);
 
+   // ---- writer/storage/CorvaneReport.cpp
+   // -------------------------------------------------------------
+
+   void WriteCorvaneReport();
+
+   // ---- writer/storage/CorvaneLogsReport.cpp
+   // ---------------------------------------------------------
+
+   void WriteCorvaneLogsReport();
+
+   // ---- writer/storage/LSIReport.cpp
+   // -----------------------------------------------------------------
+
+   void WriteLSIReport();
+
+   // ---- writer/storage/LSIIDEReport.cpp
+   // --------------------------------------------------------------
+
+   void WriteLSIIDEReport();
+
+   // ---- writer/storage/MegaRaidReport.cpp
+   // ------------------------------------------------------------
+
+   /// Writes the raw-data page first, and that one's index entry stands for both.
+   void WriteLSIMegaRaidReport();
+
+   // ---- writer/storage/MegaRaidProbes.cpp
+   // ------------------------------------------------------------
+
+   /// Whether there is a page of the provider's model, and one of the tool's output, to link to.
+   bool isMRVendorProviderPresent();
+   bool isMRRawDataPresent();
+
+   // ---- writer/storage/IntegratedRaidReport.cpp
+   // ------------------------------------------------------
+
+   /// In no schedule: a program that embeds the library calls it in place of WriteLSIReport.
+   void WriteLSIIntegratedRaidReport();
+
+   // ---- writer/storage/*RawData.cpp
+   // ------------------------------------------------------------------
+   //
+   // The output of a vendor's tool: a page of commands, and a text file for each.
+   // Throws: TQSXException with status 27 or 11 where a file can't be written.
+
+   /// Fills the link to the page. Missing: without commands both texts stay as they were.
+   void WriteLSIRawData(std::string& linkText, std::string& linkTarget);
+   void WriteCorvaneManagerRawDataReport(std::string& linkText, std::string& linkTarget);
+   /// Writes nothing unless the output format is "html".
+   void WriteMegaLSIRawDataReport();
+
+   // ---- writer/storage/DriveHealthReport.cpp
+   // ---------------------------------------------------------
+
+   void WriteDriveHealthReport();
+
 protected:
    // The concrete writer owns its construction and destruction.
    TWriter() = default;

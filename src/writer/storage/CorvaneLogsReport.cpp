@@ -114,7 +114,7 @@ bool WriteEventLog(TWriter& writer, const TInstances& events, const std::string&
 void TWriter::WriteCorvaneLogsReport()
 {
    LogTrace("Entering TWriter::WriteCorvaneLogsReport");
-   const bool serviceMode = fMode == "mek";
+   const bool serviceMode = fMode == TReportParametersBuilder::kServiceMode;
    bool hasData = false;
    const bool hasManager = FindLogClass(fNamespace, "ZANSG_LogRecord_RAIDMgrEvent", "") != nullptr;
    std::string linkText;

@@ -269,7 +269,7 @@ void TWriter::WriteCorvaneReport()
       WriteIndexEntry("", kIndexName, false);
       return;
    }
-   const bool serviceMode = fMode == "mek";
+   const bool serviceMode = fMode == TReportParametersBuilder::kServiceMode;
    std::string linkText;
    std::string linkTarget;
    if (serviceMode)

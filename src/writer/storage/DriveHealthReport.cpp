@@ -212,7 +212,7 @@ void TWriter::WriteDriveHealthReport()
    for (const TInstanceHandle& device : FindInstances(fNamespace, "OMC_ATADevice"))
       WriteDevice(page, device);
    WriteTapes(page, FindInstances(fNamespace, "ZANSG_TapeDriveSensePageData"));
-   if (fMode == "mek")
+   if (fMode == TReportParametersBuilder::kServiceMode)
       WriteSenseData(page, FindInstances(fNamespace, "OMC_SCSISenseRawData"));
    if (!page.fIsOpen) {
       page.Open();

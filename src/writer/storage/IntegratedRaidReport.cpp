@@ -7,7 +7,7 @@ bool wroteLSIReport = false;
 
 namespace {
 
-// Shared with the LSI report of the other model: the two never describe one machine.
+// The page of the LSI report, whose place this one takes.
 constexpr const char* kLinkName = "lsi";
 constexpr const char* kTitle = "LSI Controller";
 

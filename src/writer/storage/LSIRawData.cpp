@@ -1,3 +1,4 @@
+#include "writer/ReportFrame.h"
 #include "writer/StoreWalk.h"
 #include "writer/WriterLog.h"
 #include "writer/storage/RawDataPage.h"

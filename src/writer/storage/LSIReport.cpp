@@ -202,7 +202,7 @@ void TWriter::WriteLSIReport()
    }
    std::string linkText;
    std::string linkTarget;
-   if (fOutputFormat == "html" && fMode == "mek")
+   if (fOutputFormat == "html" && fMode == TReportParametersBuilder::kServiceMode)
       WriteLSIRawData(linkText, linkTarget);
    OpenReportPage(*this, fOutputDirectory, kLinkName);
    WriteReportTitle(kTitle, linkText, linkTarget);

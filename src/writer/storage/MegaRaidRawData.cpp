@@ -49,7 +49,7 @@ void TWriter::WriteMegaLSIRawDataReport()
       // Any other status goes on with the empty handle, which stops the enumeration: meant.
    }
    const TInstances commands = EnumerateInstances(commandClass);
-   const bool serviceMode = fMode == "mek";
+   const bool serviceMode = fMode == TReportParametersBuilder::kServiceMode;
    OpenReportPage(*this, fOutputDirectory, kLinkName);
    if (serviceMode && isMRVendorProviderPresent())
       WriteReportTitle(kTitle, " - [Show Standard Report]", kStandardLinkName);

@@ -232,7 +232,8 @@ void TWriter::WriteLSIMegaRaidReport()
    TMegaRaidModel model;
    if (FindClasses(fNamespace, model.fClasses)) {
       OpenReportPage(*this, fOutputDirectory, kLinkName);
-      if (fOutputFormat == "html" && fMode == "mek" && isMRRawDataPresent())
+      if (fOutputFormat == "html" && fMode == TReportParametersBuilder::kServiceMode &&
+          isMRRawDataPresent())
          WriteReportTitle(kTitle, " - [Show Rawdata Report]", "megalsi_rawData");
       else
          WriteReportTitle(kTitle, "", "");

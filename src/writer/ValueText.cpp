@@ -43,12 +43,6 @@ int LookUpQualifier(const boost::shared_ptr<const ICIMPropertyDecl>& decl)
    }
 }
 
-TValueText MakeValueText(TWriter& writer)
-{
-   return TValueText(
-      [&writer](std::string text) { return writer.EncodeValueText(std::move(text)); });
-}
-
 }  // namespace
 
 std::string TValueText::Make(const boost::shared_ptr<ICIMProperty>& property,
@@ -167,13 +161,13 @@ std::string MakeHeaderLabel(const boost::shared_ptr<ICIMNamespace>& cimNamespace
 std::string TWriter::GetValuesFromProperties(TProperties properties, const std::string& separator,
                                              bool raw)
 {
-   return MakeValueText(*this).Make(properties, separator, raw);
+   return MakeValueText(*this, TValueText::kQualifierOptional).Make(properties, separator, raw);
 }
 
 std::string TWriter::GetValueFromProperty(boost::shared_ptr<ICIMProperty> property,
                                           std::string separator, bool raw)
 {
-   return MakeValueText(*this).Make(property, separator, raw);
+   return MakeValueText(*this, TValueText::kQualifierOptional).Make(property, separator, raw);
 }
 
 std::string TWriter::GetDisplayName(boost::shared_ptr<const ICIMPropertyDecl> decl)

@@ -25,7 +25,7 @@ public:
       kQualifierRequired   // a date-time without the qualifier has no text
    };
 
-   explicit TValueText(TEncoder encode, EDateTimeRule dateTimeRule = kQualifierOptional)
+   explicit TValueText(TEncoder encode, EDateTimeRule dateTimeRule)
       : fEncode(std::move(encode)), fDateTimeRule(dateTimeRule)
    {}
 
@@ -50,6 +50,15 @@ private:
    /// The status of the lookup in that declaration, 0 when the qualifier is there.
    int fLastStatus = 0;
 };
+
+/// The text of values as that writer makes them safe. Owner: the writer stays the caller's.
+template <typename TWriterType>
+TValueText MakeValueText(TWriterType& writer, TValueText::EDateTimeRule dateTimeRule)
+{
+   return TValueText(
+      [&writer](std::string text) { return writer.EncodeValueText(std::move(text)); },
+      dateTimeRule);
+}
 
 /// A date-time, or each of an array followed by one blank, the last one too.
 /// Missing: the empty text for a null. Throws: TQSXException for a value of another type.

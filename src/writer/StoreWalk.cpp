@@ -1,5 +1,7 @@
 #include "writer/StoreWalk.h"
 
+#include "writer/WriterLog.h"
+
 boost::shared_ptr<ICIMClass> FindClass(const boost::shared_ptr<ICIMNamespace>& cimNamespace,
                                        const std::string& className, const TContext& context)
 {
@@ -7,6 +9,19 @@ boost::shared_ptr<ICIMClass> FindClass(const boost::shared_ptr<ICIMNamespace>& c
       return cimNamespace->GetClass(className, context);
    } catch (const TQSXException& failure) {
       RethrowUnlessNotFound(failure);
+      return {};
+   }
+}
+
+boost::shared_ptr<ICIMClass> FindClassOrLogStatus(
+   const boost::shared_ptr<ICIMNamespace>& cimNamespace, const std::string& className,
+   std::string_view statusText)
+{
+   try {
+      return cimNamespace->GetClass(className, {});
+   } catch (const TQSXException& failure) {
+      RethrowUnlessNotFound(failure);
+      LogStatus(statusText, failure);
       return {};
    }
 }

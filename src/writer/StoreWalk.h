@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "CIMStore.h"
@@ -18,6 +19,11 @@ using TClasses = std::vector<boost::shared_ptr<ICIMClass>>;
 /// saying so. Throws: a fresh TQSXException of the same status for any but "not found".
 boost::shared_ptr<ICIMClass> FindClass(const boost::shared_ptr<ICIMNamespace>& cimNamespace,
                                        const std::string& className, const TContext& context = {});
+
+/// The same with the status logged as LogStatus does where the store throws "not found".
+boost::shared_ptr<ICIMClass> FindClassOrLogStatus(
+   const boost::shared_ptr<ICIMNamespace>& cimNamespace, const std::string& className,
+   std::string_view statusText);
 
 bool IsNotFound(const TQSXException& failure);
 

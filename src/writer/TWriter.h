@@ -296,6 +296,79 @@ public:
 
    void WriteDriveHealthReport();
 
+   // ---- writer/platform/Environmentals.cpp
+   // -----------------------------------------------------------
+
+   /// The sensors of the system. The page is always there, its index entry always claims data.
+   /// Throws: TQSXException for a sensor without name, reading or modifier.
+   void WriteEnvironmentalsReport();
+   /// The sensors of the service processors. Missing: an index entry without a page.
+   void WriteEnvironmentals(TReportParametersBuilder builder);
+
+   // ---- writer/platform/ServiceProcessorConfig.cpp
+   // ---------------------------------------------------
+
+   /// The network settings of the management controller. Throws: TQSXException with the status of
+   /// the assertion hook where one of its four classes is missing.
+   void WriteSPConfigReport();
+
+   // ---- writer/platform/CustomFirmware.cpp
+   // -----------------------------------------------------------
+
+   /// All firmware levels, those of RAID controllers among them. Throws: as WriteSPConfigReport,
+   /// for its eight classes.
+   void WriteCustomFirmwareReport(TReportParametersBuilder builder);
+
+   // ---- writer/platform/MergedDevices.cpp
+   // ------------------------------------------------------------
+
+   /// Every logical device with its kernel module, a table per device class.
+   void WriteMergedDevicesReport();
+
+   // ---- writer/platform/MergedLog.cpp
+   // ----------------------------------------------------------------
+
+   /// The records of the system and of the chassis in one table. Missing: nothing is written
+   /// without the class of the system's records.
+   void WriteCELMergedLogReport();
+
+   // ---- writer/platform/LinuxLogs.cpp
+   // ----------------------------------------------------------------
+
+   /// A page for each log file.
+   void WriteLinuxLogReport();
+
+   // ---- writer/platform/ChipsetRegisters.cpp
+   // ---------------------------------------------------------
+
+   /// The dump of the chipset's error registers. Missing: an index entry without a page.
+   void WriteQTARegisterReport();
+
+   // ---- writer/platform/AdapterRawData.cpp
+   // -----------------------------------------------------------
+
+   /// The output of an adapter's commands, each in a text file beside the page.
+   /// Missing: an index entry without a page. Throws: TQSXException, status 27 or 11, where a text
+   /// file can't be written.
+   void WriteFibreChannelReport();
+   void WriteIScsiRawDataReport();
+   /// The same in HTML and service mode only, without an index entry: a catalogue report links to
+   /// the page.
+   void WriteQlogicRawDataReport();
+   void WriteEmulexReport();
+
+   // ---- writer/platform/DeviceAnalysis.cpp
+   // -----------------------------------------------------------
+
+   /// The findings of the device analysis, the highest score first. Throws: TQSXException where
+   /// the class is missing.
+   void WriteCadenzaReport();
+
+   // ---- writer/platform/BIOSSettings.cpp
+   // -------------------------------------------------------------
+
+   void WriteBIOSEnumeration();
+
 protected:
    // The concrete writer owns its construction and destruction.
    TWriter() = default;
@@ -324,6 +397,12 @@ bool ps_comp_type(boost::shared_ptr<ICIMInstance> a, boost::shared_ptr<ICIMInsta
 
 /// Writes the definition as a plain or, when comparing, as a comparison report.
 void WriteGenericReport(TWriter* writer, bool comparing, TReportParameters params);
+
+/// Whether the address of a chipset register, the first three fields of its value joined, belongs
+/// to the group of machine check and miscellaneous registers.
+bool QTARegisterAddressInMisc(std::string value);
+/// The first three characters of that address.
+std::string QTARegisterGetCategory(std::string value);
 
 /// Set when the integrated RAID report has been written. Nothing in the library reads it.
 extern bool wroteLSIReport;

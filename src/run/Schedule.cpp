@@ -66,17 +66,25 @@ std::vector<TStep> MakeSchedule()
       Generic(&TCatalogue::BuildHardwareInfoParams),
       Generic(&TCatalogue::BuildPCIInfoParams),
       Generic(&TCatalogue::BuildFirmwareParams).When(comparing),
+      Report(&TWriter::WriteCustomFirmwareReport).When(!comparing),
+      Guarded({Report(&TWriter::WriteSPConfigReport), Report(&TWriter::WriteEnvironmentalsReport)},
+              {Generic(&TCatalogue::BuildServProcConfigParams),
+               Report(&TWriter::WriteEnvironmentals).When(!comparing)})
+         .When(VersionFrom("1.1")),
       Report(&TWriter::WriteDriveHealthReport).When(!comparing),
       Report(&TWriter::WriteLSIReport).When(!comparing && VersionFrom("1.1")),
       Report(&TWriter::WriteLSIMegaRaidReport).When(!comparing && VersionFrom("1.1")),
       Report(&TWriter::WriteLSIIDEReport).When(!comparing && VersionFrom("1.1")),
       Report(&TWriter::WriteCorvaneReport).When(!comparing),
       Report(&TWriter::WriteCorvaneLogsReport).When(!comparing),
+      Report(&TWriter::WriteQlogicRawDataReport),
       WithRawDataLink(&TCatalogue::BuildQlogicParams, "fc_rawData"),
+      Report(&TWriter::WriteEmulexReport),
       WithRawDataLink(&TCatalogue::BuildEmulexParams, "emulex_rawData"),
       Generic(&TCatalogue::BuildVmware3iParams),
       Generic(&TCatalogue::BuildBeaconPanelParams).When(VersionFrom("1.3")),
       Generic(&TCatalogue::BuildBISTParams).When(VersionFrom("2.0")),
+      Report(&TWriter::WriteBIOSEnumeration).When(withBIOSProvider),
 
       End().When(comparing),
 
@@ -86,6 +94,7 @@ std::vector<TStep> MakeSchedule()
       Report(&TWriter::WriteEventLogReport, &TCatalogue::BuildWinSecEventParams).When(onWindows),
 
       Group("Linux Logs").When(!onWindows),
+      Report(&TWriter::WriteLinuxLogReport).When(!onWindows),
 
       Group("KMC Logs", "SP Logs"),
       Generic(&TCatalogue::BuildCELLogParams).When(withKMC),
@@ -97,11 +106,16 @@ std::vector<TStep> MakeSchedule()
       Generic(&TCatalogue::BuildIPMILogParams),
 
       Group("ZAN Service").When(inServiceMode),
+      Report(&TWriter::WriteQTARegisterReport).When(inServiceMode),
+      Report(&TWriter::WriteFibreChannelReport).When(inServiceMode),
 
       Group("Analysis"),
+      Report(&TWriter::WriteCELMergedLogReport).When(withKMC),
       Report(&TWriter::WriteMergedLogReport, &TCatalogue::BuildMergeLogParams).When(!withKMC),
       Log(NZANQSX20::kLogNotice, "Merged Devices report is not available with RHEL.")
          .When(VersionFrom("1.1") && onRedHat),
+      Report(&TWriter::WriteMergedDevicesReport).When(VersionFrom("1.1") && !onRedHat),
+      Report(&TWriter::WriteCadenzaReport),
       Generic(&TCatalogue::BuildPSParams),
       Generic(&TCatalogue::BuildFileLoaderParams),
       Generic(&TCatalogue::BuildDiagsParams),

@@ -19,8 +19,8 @@
 
 namespace NZANQSX20 {
 
-struct TKeyBinding;
 class TInstanceIndex;
+struct TReferrer;
 
 /// One collection in memory: its classes, and its instances as compact records.
 ///
@@ -52,7 +52,8 @@ public:
 
    TStoredValue MakeString(std::string_view text);
    TStoredValue MakeDateTime(const TCIMDateTime& dateTime);
-   /// Elements are of the array's type and no arrays; their own texts are not copied again.
+   /// Elements are of the array's type and no arrays; their texts are not copied again.
+   /// Throws: status 13 for an element that is an array.
    TStoredValue MakeArray(TCIMValue::ECIMType type, const std::vector<TStoredValue>& elements);
    /// A reference to an instance of this store, an alias that the reader resolved: reads as that
    /// instance's path.
@@ -61,6 +62,7 @@ public:
    /// Nothing has to be there yet.
    /// Missing: false when the text is no object path; the value then is left alone.
    bool MakeReference(std::string_view path, TStoredValue& value);
+   /// A reference is kept by its path.
    TStoredValue MakeValue(const TCIMValue& value);
 
    /// Keeps a buffer alive over which values were made with TStoredValue::StringView.
@@ -73,7 +75,8 @@ public:
 
    /// A new instance that is listed only after List.
    TStoredInstance& Create(TStoredClass& storedClass);
-   /// Missing: an instance that is listed already stays where it is.
+   /// Missing: an instance that is listed already stays where it is; one that was deleted comes
+   /// back to its place.
    void List(TStoredInstance& instance);
    /// Missing: an instance that is not listed raises nothing.
    void Delete(TStoredInstance& instance);
@@ -86,6 +89,7 @@ public:
    std::size_t CountInstances() const;
 
    /// The path of an instance: `Class.Key1="text",Key2=5`, or `Class.@=N` for one without keys.
+   /// A key that is a reference to an instance nests that one's path, to a bounded depth.
    std::string GetPath(const TStoredInstance& instance) const;
 
    /// What answers to a path: looked up in the named class, then in its subclasses; of two
@@ -104,12 +108,24 @@ public:
    /// The first path of each class that more than one of its instances has, in order of classes.
    std::vector<TDuplicatePath> FindDuplicatePaths();
 
+   /// The references that name an instance, in order of the instances that hold them; of one
+   /// instance in order of declaration. Instances that are not listed are left out.
+   std::vector<TReferrer> FindReferrers(const TStoredInstance& target);
+
+   /// Another number after each change of a value.
+   std::uint64_t GetValueVersion() const { return fValueVersion; }
+
 private:
+   TStoredValue MakeReferenceText(std::string_view text);
+   void Reserve(TStoredInstance& instance, std::uint32_t count);
+
    TSchema fSchema;
    TArena fArena;
    std::vector<boost::shared_ptr<const void>> fBuffers;
    std::unique_ptr<TInstanceIndex> fIndex;
    std::size_t fCount = 0;
+   std::uint64_t fNextOrder = 0;
+   std::uint64_t fValueVersion = 0;
 };
 
 /// A namespace over one collection, a plain repository of provider type 0.

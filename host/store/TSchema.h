@@ -41,28 +41,36 @@ public:
    TStoredClass* Find(std::string_view name);
    const TStoredClass* Find(std::string_view name) const;
 
-   /// All classes, placeholders included, in order of declaration; a placeholder stands where it
-   /// was first named until it is declared.
+   /// All declared classes in order of declaration, without placeholders.
    const std::vector<TStoredClass*>& GetClasses() const { return fClasses; }
+
+   /// All classes, placeholders included.
+   const std::deque<TStoredClass>& GetAll() const { return fStorage; }
 
    /// The superclasses that no declaration has named so far; a reader warns of them at the end.
    std::vector<const TStoredClass*> GetPlaceholders() const;
 
+   /// Another number after each declaration that was taken.
+   unsigned GetVersion() const { return fVersion; }
+
    /// The class and all below it: itself, then each subclass in order of declaration, depth first.
-   std::vector<const TStoredClass*> GetWithSubclasses(const TStoredClass& top) const;
+   static std::vector<const TStoredClass*> GetWithSubclasses(const TStoredClass& top);
 
 private:
    friend class TStoredClass;
 
    TStoredClass& FindOrAdd(const std::string& name);
+   void SetSuperclass(TStoredClass& declared, TStoredClass* superclass);
    const std::string* Intern(std::string_view name);
 
    std::unordered_set<std::string> fNames;
    std::deque<TStoredClass> fStorage;
+   /// Of every class, and those whose declaration was replaced: handles may still name them.
+   std::deque<TStoredProperty> fProperties;
    std::vector<TStoredClass*> fClasses;
    std::unordered_map<std::string_view, TStoredClass*> fByName;
-   /// Goes up with each declaration; classes work out their inherited properties anew after it.
-   unsigned fVersion = 0;
+   /// Classes work out their inherited properties anew after each declaration.
+   unsigned fVersion = 1;
 };
 
 }  // namespace NZANQSX20

@@ -2,24 +2,12 @@
 
 #include <cstdint>
 
+#include "store/TShape.h"
 #include "store/TStoredValue.h"
 
 namespace NZANQSX20 {
 
 class TStoredClass;
-
-/// The slots that an instance has values for, in order of setting; shared by all instances of a
-/// class that set the same ones.
-struct TShape
-{
-   std::uint32_t fCount = 0;
-   const TSlot* fSlots = nullptr;
-   /// Positions by ascending slot. Missing: null for a small shape, which is searched as it is.
-   const std::uint32_t* fSorted = nullptr;
-
-   /// The position of the slot's value. Missing: fCount.
-   std::uint32_t Find(TSlot slot) const;
-};
 
 /// One instance of the store. Made and changed by TMemoryStore alone.
 class TStoredInstance
@@ -50,13 +38,18 @@ public:
 
 private:
    friend class TMemoryStore;
+   friend class TInstanceIndex;
 
    TStoredClass* fClass = nullptr;
    const TShape* fShape = nullptr;
    TStoredValue* fValues = nullptr;
    std::uint64_t fOrder = 0;
    std::uint32_t fNumber = 0;
+   std::uint32_t fCapacity = 0;
+   bool fWasListed = false;
    bool fIsListed = false;
+   /// Another instance came first and answers to the path; set by the index.
+   bool fIsShadowed = false;
 };
 
 }  // namespace NZANQSX20

@@ -7,9 +7,9 @@ namespace NZANQSX20 {
 
 /// A CIM date-time: a point in time with its offset from UTC, or an interval.
 ///
-/// Units:   offset in minutes east of UTC; an interval counts days, hours, minutes, seconds,
-/// microseconds. Shape:   fields that the collection left open ("**") are kept as such and told as
-/// they stand.
+/// Shape:   digits that the collection left open ("**") are kept as such and told as they stand.
+/// Units:   offset in minutes east of UTC; an interval counts days, hours, minutes, seconds and
+///          microseconds.
 class TCIMDateTime
 {
 public:
@@ -20,7 +20,9 @@ public:
                 short utcOffset);
 
    /// Reads the 25-character form "yyyymmddHHMMSS.mmmmmm+UUU" or "ddddddddHHMMSS.mmmmmm:000".
-   /// Missing: false when the text is no such form or names a date or time that does not exist.
+   /// Asterisks may stand for the last fields, the last digits of the microseconds and the offset.
+   /// Missing: false when the text is no such form or names a date or time that does not exist; the
+   ///          result then is left alone. The date of a default value ("0000-00-00") is read.
    static bool Parse(const std::string& text, TCIMDateTime& result);
 
    /// What a report shows: "2009-01-02 03:04:05", or "3 days 04:05:06" for an interval.
@@ -36,8 +38,11 @@ public:
    bool operator==(const TCIMDateTime& other) const;
 
 private:
-   std::int64_t GetSortableMicroseconds() const;
+   std::int64_t GetMicroseconds() const;
+   /// All 20 digits, the asterisks at their end included.
+   std::string GetDigits() const;
 
+   /// Day of the month; the days of an interval.
    unsigned int fDay = 0;
    unsigned int fMicroseconds = 0;
    unsigned short fYear = 0;
@@ -47,6 +52,7 @@ private:
    unsigned short fSeconds = 0;
    short fUtcOffset = 0;
    bool fIsInterval = false;
+   bool fIsOffsetKnown = true;
    /// How many of the 20 leading digits are known; the rest were asterisks.
    unsigned char fKnownDigits = 20;
 };

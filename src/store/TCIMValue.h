@@ -12,10 +12,11 @@ class TCIMReference;
 
 /// One value of the store: nothing (null), a scalar, or an array of scalars.
 ///
-/// Shape:   a null still knows its type where the store gave one; the default value is null of type
-/// 0. Owner:   a plain value. Copying is cheap; copies never share later changes. Throws:  a
-/// conversion throws TQSXException, status 15 for a null and 13 for a type that cannot be
-///          converted. Integer conversions truncate like a C++ cast.
+/// Shape:   a null still knows its type where the store gave one; the default value is null of
+///          type 0.
+/// Owner:   a plain value. Copying is cheap; copies never share later changes.
+/// Throws:  a conversion throws TQSXException, status 15 for a null and 13 for a type that cannot
+///          be converted. Integer conversions truncate like a C++ cast.
 class TCIMValue
 {
 public:
@@ -58,9 +59,9 @@ public:
    TCIMValue(unsigned short number);
    TCIMValue(const TCIMDateTime& dateTime);
    TCIMValue(const TCIMReference& reference);
-   TCIMValue(const TCIMValue& other) noexcept;
+   TCIMValue(const TCIMValue& other);
    TCIMValue(TCIMValue&& other) noexcept;
-   TCIMValue& operator=(const TCIMValue& other) noexcept;
+   TCIMValue& operator=(const TCIMValue& other);
    TCIMValue& operator=(TCIMValue&& other) noexcept;
    ~TCIMValue();
 
@@ -83,17 +84,20 @@ public:
    TCIMType GetType() const { return fType; }
 
    /// The text of the value; integers in the given number base (2 to 16), everything else as in
-   /// base 10. Missing: a null gives the empty text. Array elements are joined by ",".
+   /// base 10. A char16 is its character in UTF-8. Array elements are joined by ",".
+   /// Missing: a null gives the empty text.
    std::string ToString(unsigned char base) const;
 
    bool operator==(const TCIMValue& other) const;
 
    bool operator!=(const TCIMValue& other) const { return !(*this == other); }
 
-   /// A strict order over all values: nulls first, then by value; unlike types by type number.
+   /// A strict order over all values: nulls, single values, arrays. Integers and reals compare by
+   /// value whatever their width, arrays element by element, unlike types by type number.
    bool operator<(const TCIMValue& other) const;
 
-   // Explicit: the caller names the type that it knows the property to have.
+   // Explicit: the caller names the type that it knows the property to have. The integers are of an
+   // integer, a char16 or a boolean.
    explicit operator bool() const;
    explicit operator unsigned char() const;
    explicit operator unsigned short() const;
@@ -101,8 +105,11 @@ public:
    explicit operator unsigned int() const;
    explicit operator std::uint64_t() const;
    explicit operator std::int64_t() const;
+   /// Of a real or an integer.
    explicit operator double() const;
+   /// Of a single value of any type, as ToString(10) gives it. Missing: a null is the empty text.
    explicit operator std::string() const;
+   /// Also of a string in the 25-character form.
    explicit operator TCIMDateTime() const;
    explicit operator TCIMReference() const;
    /// The elements of an array, to read or to change in place. Owner: valid as long as this value
@@ -114,7 +121,11 @@ private:
    /// What does not fit beside the type: text, date-time, path or elements. The host defines it.
    struct TPayload;
 
+   TCIMValue(ECIMType type, bool isArray, TPayload* payload) noexcept;
+
+   bool HasPayload() const noexcept;
    void Release() noexcept;
+   std::uint64_t GetInteger() const;
 
    ECIMType fType = TCIMType::kNull;
    bool fIsNull = true;

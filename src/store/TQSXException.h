@@ -18,6 +18,9 @@ struct TQSXStatusCode
 /// The class, property or qualifier that was looked for is not there.
 constexpr int kStatusNotFound = 15;
 
+/// A value was asked for as something that it cannot be turned into.
+constexpr int kStatusTypeMismatch = 13;
+
 /// The one failure that crosses the store interfaces. A value: copied when caught and when thrown
 /// on.
 class TQSXException : public std::exception

@@ -1,0 +1,44 @@
+#include "store/TPropertyDeclHandle.h"
+
+#include <boost/make_shared.hpp>
+
+#include "TQSXException.h"
+
+namespace NZANQSX20 {
+
+namespace {
+
+class TQualifierHandle : public ICIMQualifier
+{
+public:
+   TQualifierHandle(TRepositoryHandle repository, const TQualifierDecl& qualifier)
+      : fRepository(std::move(repository)), fQualifier(qualifier)
+   {}
+
+   const TCIMValue& GetValue(TContext) const override { return fQualifier.fValue; }
+
+private:
+   TRepositoryHandle fRepository;
+   const TQualifierDecl& fQualifier;
+};
+
+}  // namespace
+
+boost::shared_ptr<const ICIMQualifier> TPropertyDeclHandle::GetQualifier(const std::string& name,
+                                                                         bool& found,
+                                                                         TContext) const
+{
+   const TQualifierDecl* qualifier =
+      fProperty != nullptr ? fProperty->FindQualifier(name) : nullptr;
+   found = qualifier != nullptr;
+   if (!found)
+      throw TQSXException(kStatusNotFound);
+   return boost::make_shared<TQualifierHandle>(fRepository, *qualifier);
+}
+
+const std::string& TPropertyDeclHandle::GetName(TContext) const
+{
+   return fName;
+}
+
+}  // namespace NZANQSX20

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "ICIMProperty.h"
+#include "store/TRepository.h"
+
+namespace NZANQSX20 {
+
+/// The declaration of a property. One that only an instance has is declared by its name alone,
+/// without qualifiers.
+class TPropertyDeclHandle : public ICIMPropertyDecl
+{
+public:
+   /// property is null for a property that only an instance has.
+   TPropertyDeclHandle(TRepositoryHandle repository, const TStoredProperty* property,
+                       const std::string& name)
+      : fRepository(std::move(repository)), fProperty(property), fName(name)
+   {}
+
+   boost::shared_ptr<const ICIMQualifier> GetQualifier(const std::string& name, bool& found,
+                                                       TContext context) const override;
+   const std::string& GetName(TContext context) const override;
+
+private:
+   TRepositoryHandle fRepository;
+   const TStoredProperty* fProperty;
+   const std::string& fName;
+};
+
+}  // namespace NZANQSX20

@@ -121,7 +121,7 @@ void TClassHandle::EnumerateInstances(
          continue;
       for (TStoredInstance* instance : storesClass->GetInstances()) {
          if (instance->IsListed())
-            callback(boost::make_shared<TInstanceHandle>(fRepository, store, *instance));
+            callback(OpenInstance(fRepository, store, *instance));
       }
    }
 }

@@ -80,7 +80,7 @@ void TInstanceHandle::EnumerateAssociators(
          addOthers(*referrer.fInstance, referrer.fSlot);
    }
    for (TStoredInstance* result : results)
-      callback(boost::make_shared<TInstanceHandle>(fRepository, fStore, *result));
+      callback(OpenInstance(fRepository, fStore, *result));
 }
 
 const TStoredProperty* TInstanceHandle::FindDeclaration(const std::string& name, TSlot slot) const
@@ -135,6 +135,20 @@ void TInstanceHandle::EnumerateProperties(
    }
    for (const boost::shared_ptr<ICIMProperty>& property : properties)
       callback(property);
+}
+
+boost::shared_ptr<ICIMInstance> OpenInstance(const TRepositoryHandle& repository,
+                                             TMemoryStore& store, TStoredInstance& instance)
+{
+   boost::weak_ptr<ICIMInstance>* shared = repository->GetSharedHandle(instance);
+   if (shared == nullptr)
+      return boost::make_shared<TInstanceHandle>(repository, store, instance);
+   boost::shared_ptr<ICIMInstance> handle = shared->lock();
+   if (!handle) {
+      handle = boost::make_shared<TInstanceHandle>(repository, store, instance);
+      *shared = handle;
+   }
+   return handle;
 }
 
 }  // namespace NZANQSX20

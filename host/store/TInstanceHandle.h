@@ -37,4 +37,8 @@ private:
    const TStoredClass& fSchemaClass;
 };
 
+/// A handle on an instance; the shared one where the repository shares the handles of its class.
+boost::shared_ptr<ICIMInstance> OpenInstance(const TRepositoryHandle& repository,
+                                             TMemoryStore& store, TStoredInstance& instance);
+
 }  // namespace NZANQSX20

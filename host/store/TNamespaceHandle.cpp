@@ -44,7 +44,7 @@ boost::shared_ptr<ICIMInstance> TNamespaceHandle::GetInstance(const TCIMReferenc
    TStoredInstance* found = store.FindByPath(path.GetPath());
    if (found == nullptr)
       return boost::shared_ptr<ICIMInstance>();
-   return boost::make_shared<TInstanceHandle>(fRepository, store, *found);
+   return OpenInstance(fRepository, store, *found);
 }
 
 boost::shared_ptr<ICIMNamespace> OpenNamespace(TRepositoryHandle repository)

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <unordered_map>
 #include <vector>
 
 #include <boost/shared_ptr.hpp>
+#include <boost/weak_ptr.hpp>
 
 #include "ICIMNamespace.h"
 #include "store/TMemoryStore.h"
@@ -42,10 +44,22 @@ public:
    /// The class of the schema that a store's class is seen as.
    const TStoredClass& GetInSchema(const TStoredClass& storesClass) const;
 
+   /// Makes every walk give the same handle for an instance of exactly this class, as long as one
+   /// is alive. The library tells by it whether it has met a finding before.
+   void ShareHandlesOf(const TStoredClass& storesClass) { fSharedClass = &storesClass; }
+
+   /// Where the shared handle of an instance is kept. Missing: null when its handles aren't shared.
+   boost::weak_ptr<ICIMInstance>* GetSharedHandle(const TStoredInstance& instance) const
+   {
+      return &instance.GetClass() == fSharedClass ? &fSharedHandles[&instance] : nullptr;
+   }
+
 private:
    std::vector<boost::shared_ptr<TMemoryStore>> fStores;
    boost::shared_ptr<const TSchema> fSchema;
    int fProviderType;
+   const TStoredClass* fSharedClass = nullptr;
+   mutable std::unordered_map<const TStoredInstance*, boost::weak_ptr<ICIMInstance>> fSharedHandles;
 };
 
 using TRepositoryHandle = boost::shared_ptr<const TRepository>;

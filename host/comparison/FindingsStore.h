@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "comparison/FindDifferences.h"
+#include "store/TMemoryStore.h"
+
+namespace NZANQSX20 {
+
+/// Keeps findings as instances of the delta classes in a store.
+class TFindingsWriter
+{
+public:
+   /// The store has the delta classes declared.
+   explicit TFindingsWriter(TMemoryStore& store);
+
+   void Add(const TFinding& finding);
+
+private:
+   const TStoredInstance& GetDeltaClass(const std::string& className);
+
+   TMemoryStore& fStore;
+   TStoredClass& fDeltaClass;
+   TStoredClass& fDelta;
+   TStoredClass& fAssociation;
+   std::unordered_map<std::string, const TStoredInstance*> fDeltaClasses;
+   std::uint64_t fNextID = 1;
+};
+
+/// Copies the findings of one store to another, instance by instance. Gives the number of findings.
+std::size_t CopyFindings(TMemoryStore& from, TMemoryStore& to);
+
+}  // namespace NZANQSX20

@@ -1,0 +1,38 @@
+#include "common/Table.h"
+
+void TCollectedRows::AddCell(const TCell& cell)
+{
+   TStoredCell stored{fTexts.size(), cell.fText.size(), cell.fSecondText.size(), cell};
+   fTexts.append(cell.fText);
+   fTexts.append(cell.fSecondText);
+   fCells.push_back(stored);
+}
+
+void TCollectedRows::DropRow()
+{
+   fCells.resize(fRowStarts.back());
+   fRowStarts.pop_back();
+}
+
+void TCollectedRows::Clear()
+{
+   fTexts.clear();
+   fCells.clear();
+   fRowStarts.clear();
+}
+
+std::size_t TCollectedRows::GetCellCount(std::size_t row) const
+{
+   const std::size_t end = row + 1 < fRowStarts.size() ? fRowStarts[row + 1] : fCells.size();
+   return end - fRowStarts[row];
+}
+
+TCell TCollectedRows::GetCell(std::size_t row, std::size_t column) const
+{
+   const TStoredCell& stored = fCells[fRowStarts[row] + column];
+   const std::string_view texts = fTexts;
+   TCell cell = stored.fLook;
+   cell.fText = texts.substr(stored.fOffset, stored.fLength);
+   cell.fSecondText = texts.substr(stored.fOffset + stored.fLength, stored.fSecondLength);
+   return cell;
+}

@@ -1,0 +1,138 @@
+#include "html/HtmlBody.h"
+
+THtmlBody::THtmlBody(TOutputFile& spool, THtmlPage& page)
+   : fOut(spool), fPage(page), fBody(spool, page)
+{}
+
+void THtmlBody::WriteReportTitle(const std::string& title, const std::string& linkText,
+                                 const std::string& linkTarget)
+{
+   if (fHasPageTitle)
+      return WriteTableTitle({title, false, false});
+   fHasPageTitle = true;
+   fPage.fTitle = title;
+   fPage.fLinkText = linkText;
+   fPage.fLinkTarget = linkTarget;
+}
+
+void THtmlBody::WriteTableTitle(const TTableTitle& title)
+{
+   if (fWaiting)
+      WriteTitleWithoutTable(!title.fIsSubTitle || fWaiting->fIsSubTitle);
+   fWaiting = title;
+   fTablesUnderTitle = 0;
+   if (!title.fIsSubTitle) {
+      fMainTitle = title.fText;
+      fMainLabels.clear();
+      fSubTitle.reset();
+   } else
+      fSubTitle = title;
+}
+
+void THtmlBody::WriteNote(const std::string& text)
+{
+   if (fWaiting)
+      WriteTitleWithoutTable(false);
+   BeginNextFileWhenFull();
+   fOut << "<p class=\"note\">"_html << TText{text} << "</p>\n"_html;
+   fHasContent = true;
+}
+
+void THtmlBody::BeginTable(const TTableShape& shape)
+{
+   fShape = shape;
+}
+
+void THtmlBody::WriteRows(const TTableRows& rows)
+{
+   if (rows.GetRowCount() == 0)
+      return;
+   if (!fTable)
+      OpenTable();
+   fTable->WriteRows(rows);
+}
+
+void THtmlBody::EndTable()
+{
+   if (fTable)
+      fTable->End();
+   fTable.reset();
+}
+
+void THtmlBody::Finish()
+{
+   if (fWaiting)
+      WriteTitleWithoutTable(true);
+   else if (!fHasContent)
+      fOut << "<p class=\"none\">No data.</p>\n"_html;
+   fBody.Finish();
+}
+
+/// With its first row: a table without rows leaves its title to say that there is no data.
+void THtmlBody::OpenTable()
+{
+   BeginNextFileWhenFull();
+   SettleTitles();
+   fTable = std::make_unique<THtmlTable>(fOut, fBody, fPage, fShape, MakeHeading());
+   fWaiting.reset();
+   fHasContent = true;
+}
+
+void THtmlBody::BeginNextFileWhenFull()
+{
+   if (fBody.GetFileBytes() < THtmlTable::kBytesPerFile)
+      return;
+   fBody.NextFile();
+   fFileHasMainTitle = false;
+}
+
+void THtmlBody::WriteTitleWithoutTable(bool isEmpty)
+{
+   BeginNextFileWhenFull();
+   const bool isThird = fWaiting->fIsSubTitle && fFileHasMainTitle;
+   const TText title{fWaiting->fText};
+   fOut << "<div class=\"block-head alone\">"_html;
+   if (isThird)
+      fOut << "<h3>"_html << title << "</h3>"_html;
+   else
+      fOut << "<h2>"_html << title << "</h2>"_html;
+   fOut << "</div>\n"_html;
+   if (isEmpty)
+      fOut << "<p class=\"none\">No data.</p>\n"_html;
+   fFileHasMainTitle = true;
+   fHasContent = true;
+   fWaiting.reset();
+}
+
+/// A table without a title of its own may follow the sub-tables of an instance: when its labels are
+/// those of the main table, it is the next instance of that.
+void THtmlBody::SettleTitles()
+{
+   if (fWaiting) {
+      if (!fWaiting->fIsSubTitle)
+         fMainLabels = fShape.fLabels;
+      return;
+   }
+   if (fSubTitle && !fShape.fLabels.empty() && fShape.fLabels == fMainLabels)
+      fSubTitle.reset();
+}
+
+THtmlHeading THtmlBody::MakeHeading()
+{
+   THtmlHeading heading;
+   heading.fIsSubTable = fSubTitle.has_value();
+   heading.fName = fSubTitle ? fSubTitle->fText : fMainTitle;
+   if (heading.fName.empty())
+      heading.fName = fPage.fTitle.empty() ? fShape.fCaption : fPage.fTitle;
+   if (++fTablesUnderTitle > 1)
+      heading.fName += ", " + std::to_string(fTablesUnderTitle);
+   if (!fWaiting)
+      return heading;
+
+   heading.fTitle = fWaiting->fText;
+   heading.fLevel = fWaiting->fIsSubTitle && fFileHasMainTitle ? 3 : 2;
+   // Purple says "differs": only the headings of a comparison have it.
+   heading.fIsEmphasised = fWaiting->fIsEmphasised && fWaiting->fIsSubTitle;
+   fFileHasMainTitle = true;
+   return heading;
+}

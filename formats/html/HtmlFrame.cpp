@@ -1,0 +1,109 @@
+#include "html/HtmlFrame.h"
+
+namespace {
+
+/// No script, nothing inline, nothing from elsewhere.
+constexpr TMarkup kHeadBegin =
+   "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
+   "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src 'self'; "
+   "img-src 'self'; base-uri 'none'; form-action 'none'\">\n"
+   "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
+   "<meta name=\"color-scheme\" content=\"light dark\">\n<title>"_html;
+
+void WriteSideEntry(THtmlSink& out, const THtmlSite& site, const TReportIndex::TEntry& entry,
+                    std::size_t currentPage)
+{
+   const TMarkup current = entry.fPage == currentPage && currentPage != TReportIndex::kNoPage
+                              ? " aria-current=\"page\""_html
+                              : ""_html;
+   if (entry.IsLinked())
+      out << "<li><a href=\""_html << TFileUrl{site.fPages[entry.fPage].GetFileName(0)} << "\""_html
+          << current << ">"_html << TText{entry.fDisplayName} << "</a><span class=\"num\">"_html
+          << TCount{site.GetRows(entry)} << "</span></li>\n"_html;
+   else
+      out << "<li class=\"empty\"><span"_html << current << ">"_html << TText{entry.fDisplayName}
+          << "</span><span class=\"num\">"_html << GetEmptyWord(entry) << "</span></li>\n"_html;
+}
+
+/// The name of the run, as a line below the machine's name in the side bar.
+void WriteSideMachine(THtmlSink& out, const TRunFacts& facts)
+{
+   out << "<p class=\"side-machine\"><a href=\""_html << TFileUrl{kFrontPageFile} << "\">"_html
+       << TText{facts.GetName()} << "</a>"_html;
+   if (!facts.fSerialNumber.empty())
+      out << "<span>"_html << TText{facts.fSerialNumber} << "</span>"_html;
+   if (!facts.fCollected.empty())
+      out << "<span>"_html << TText{facts.fCollected} << "</span>"_html;
+   out << "</p>\n"_html;
+}
+
+void WriteSideBar(THtmlSink& out, const THtmlSite& site, std::size_t currentPage)
+{
+   out << "<nav class=\"side\" id=\"reports\" popover aria-label=\"Reports\">\n"_html;
+   WriteSideMachine(out, site.fFacts);
+   out << "<ul>\n<li><a href=\""_html << TFileUrl{kFrontPageFile} << "\""_html;
+   if (currentPage == TReportIndex::kNoPage)
+      out << " aria-current=\"page\""_html;
+   out << ">Front page</a></li>\n</ul>\n"_html;
+   for (const TReportIndex::TGroup& group : site.fIndex.GetGroups()) {
+      if (group.fEntries.empty())
+         continue;
+      out << "<h2 class=\"side-group\">"_html << TText{group.fHeading} << "</h2>\n<ul>\n"_html;
+      for (const TReportIndex::TEntry& entry : group.fEntries)
+         WriteSideEntry(out, site, entry, currentPage);
+      out << "</ul>\n"_html;
+   }
+   out << "</nav>\n"_html;
+}
+
+}  // namespace
+
+std::uint64_t THtmlSite::GetRows(const TReportIndex::TEntry& entry) const
+{
+   return fPages[entry.fPage].fRows;
+}
+
+TMarkup GetEmptyWord(const TReportIndex::TEntry& entry)
+{
+   return entry.fHasData ? "no page"_html : "no data"_html;
+}
+
+void WriteFrameBegin(THtmlSink& out, const THtmlSite& site, const std::string& title,
+                     std::size_t page)
+{
+   const std::string machine = site.fFacts.GetName();
+   const bool isFrontPage = page == TReportIndex::kNoPage;
+   out << kHeadBegin << TText{title} << (isFrontPage ? ": "_html : ", "_html)
+       << (isFrontPage ? "front page"_html : ""_html);
+   if (!isFrontPage)
+      out << TText{machine};
+   out << "</title>\n<link rel=\"stylesheet\" href=\""_html << TFileUrl{kStyleSheetFile}
+       << "\">\n</head>\n<body>\n"
+          "<a class=\"skip\" href=\"#main\">Skip to content</a>\n"
+          "<header class=\"top\"><p><bdi>"_html
+       << TText{title} << "</bdi>"_html;
+   if (!isFrontPage)
+      out << ", <bdi>"_html << TText{machine} << "</bdi>"_html;
+   out << "</p><button type=\"button\" popovertarget=\"reports\">Reports</button></header>\n"
+          "<div class=\"page\">\n"_html;
+   WriteSideBar(out, site, page);
+   out << "<main id=\"main\">\n"_html;
+}
+
+void WriteFrameEnd(THtmlSink& out, const THtmlSite& site, const std::string& title)
+{
+   const THtmlOptions& options = site.fOptions;
+   out << "<footer class=\"page-foot\"><bdi>"_html << TText{site.fFacts.GetName()} << "</bdi>"_html;
+   if (!title.empty())
+      out << ", <bdi>"_html << TText{title} << "</bdi>"_html;
+   out << "."_html;
+   if (!options.fWritten.empty() || !options.fProgram.empty() || !options.fSource.empty())
+      out << " Written"_html;
+   if (!options.fWritten.empty())
+      out << " "_html << TText{options.fWritten};
+   if (!options.fProgram.empty())
+      out << " by "_html << TText{options.fProgram};
+   if (!options.fSource.empty())
+      out << " from <bdi class=\"mono\">"_html << TText{options.fSource} << "</bdi>"_html;
+   out << "</footer>\n</main>\n</div>\n</body>\n</html>\n"_html;
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "common/ReportIndex.h"
+#include "common/RunFacts.h"
+#include "html/HtmlOptions.h"
+#include "html/HtmlPage.h"
+#include "html/HtmlSink.h"
+
+/// All that the frame of a page shows of the run. Owner: everything is the caller's.
+struct THtmlSite
+{
+   const TRunFacts& fFacts;
+   const THtmlOptions& fOptions;
+   const TReportIndex& fIndex;
+   const std::vector<THtmlPage>& fPages;
+
+   /// Number of rows of an entry's page.
+   std::uint64_t GetRows(const TReportIndex::TEntry& entry) const;
+};
+
+constexpr const char* kFrontPageFile = "index.html";
+constexpr const char* kStyleSheetFile = "pages.css";
+
+/// From the first byte to <main>: policy, title, side bar. page is kNoPage for the front page.
+void WriteFrameBegin(THtmlSink& out, const THtmlSite& site, const std::string& title,
+                     std::size_t page);
+
+/// From </main> to the last byte, with a line on where the page comes from.
+void WriteFrameEnd(THtmlSink& out, const THtmlSite& site, const std::string& title);
+
+/// What stands under an entry that has no page to show: "no data".
+TMarkup GetEmptyWord(const TReportIndex::TEntry& entry);

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// A run of bytes in the spool of a run.
+struct TSpan
+{
+   std::uint64_t fOffset = 0;
+   std::uint64_t fLength = 0;
+};
+
+/// A titled table in the list of tables of its page.
+struct THtmlTableEntry
+{
+   std::string fTitle;
+   unsigned fNumber = 0;
+   std::size_t fFile = 0;
+   std::uint64_t fRows = 0;
+};
+
+/// One file of a page. A page whose tables are too large for one file goes on in further ones.
+struct THtmlFile
+{
+   std::vector<TSpan> fBody;
+   /// The first rows in the file, for the list of files. Missing: no title where the page begins a
+   /// file without a table.
+   std::string fFirstTitle;
+   std::uint64_t fFirstRow = 0;
+   std::uint64_t fLastRow = 0;
+   /// Whether all rows in the file are of one table.
+   bool fIsOneTable = true;
+};
+
+/// What is kept of a page until the end of the run; its body lies in the spool.
+struct THtmlPage
+{
+   std::string fLinkName;
+   std::string fFileStem;
+   std::string fTitle;
+   std::string fLinkText;
+   std::string fLinkTarget;
+   std::vector<THtmlFile> fFiles = std::vector<THtmlFile>(1);
+   std::vector<THtmlTableEntry> fTables;
+   unsigned fTableCount = 0;
+   std::uint64_t fRows = 0;
+
+   /// Files are counted from 0.
+   std::string GetFileName(std::size_t file) const
+   {
+      const std::string part = file == 0 ? "" : "~" + std::to_string(file + 1);
+      return fFileStem + part + ".html";
+   }
+};

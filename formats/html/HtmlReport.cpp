@@ -1,0 +1,82 @@
+#include "html/HtmlReport.h"
+
+#include "html/HtmlFrontPage.h"
+#include "html/HtmlReportPage.h"
+#include "html/StyleSheet.h"
+
+THtmlReport::THtmlReport(THtmlOptions options) : fOptions(std::move(options)) {}
+
+void THtmlReport::BeginRun(const std::string& outputDirectory, const TRunFacts& facts)
+{
+   fOutputDirectory = outputDirectory;
+   fFacts = facts;
+   fNames = TPageNames();
+   fNames.Reserve("index");
+   fPages.clear();
+   fBody.reset();
+   fSpool.emplace(TOutputFile::MakeTemporary(outputDirectory));
+}
+
+void THtmlReport::BeginPage(const std::string& linkName)
+{
+   THtmlPage page;
+   page.fLinkName = linkName;
+   page.fFileStem = fNames.Assign(linkName);
+   fPages.push_back(std::move(page));
+   fBody = std::make_unique<THtmlBody>(*fSpool, fPages.back());
+}
+
+void THtmlReport::EndPage()
+{
+   fBody->Finish();
+   fBody.reset();
+}
+
+void THtmlReport::EndRun(const TReportIndex& index)
+{
+   const THtmlSite site{fFacts, fOptions, index, fPages};
+   const std::vector<TReportIndex::TPlace> places = index.GetPlaces();
+   for (std::size_t page = 0; page < fPages.size(); ++page)
+      WriteReportPage(fOutputDirectory, site, page, places[page], *fSpool);
+
+   TOutputFile frontPage(fOutputDirectory + "/" + kFrontPageFile);
+   THtmlSink out(frontPage);
+   WriteFrontPage(out, site);
+   frontPage.Close();
+
+   TOutputFile styleSheet(fOutputDirectory + "/" + kStyleSheetFile);
+   styleSheet.Write(GetStyleSheet());
+   styleSheet.Close();
+   fSpool.reset();
+}
+
+void THtmlReport::WriteReportTitle(const std::string& title, const std::string& linkText,
+                                   const std::string& linkTarget)
+{
+   fBody->WriteReportTitle(title, linkText, linkTarget);
+}
+
+void THtmlReport::WriteTableTitle(const TTableTitle& title)
+{
+   fBody->WriteTableTitle(title);
+}
+
+void THtmlReport::WriteNote(const std::string& text)
+{
+   fBody->WriteNote(text);
+}
+
+void THtmlReport::BeginTable(const TTableShape& shape)
+{
+   fBody->BeginTable(shape);
+}
+
+void THtmlReport::WriteRows(const TTableRows& rows)
+{
+   fBody->WriteRows(rows);
+}
+
+void THtmlReport::EndTable()
+{
+   fBody->EndTable();
+}

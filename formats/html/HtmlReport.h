@@ -1,0 +1,45 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "common/PageNames.h"
+#include "common/ReportSink.h"
+#include "html/HtmlBody.h"
+#include "html/HtmlOptions.h"
+
+/// The report of a run as a folder of HTML pages: a front page, the files of each report, and one
+/// style sheet.
+///
+/// Shape: bodies go to a temporary file as they come; every page names all reports in its side bar,
+///        so the files are put together at the end of the run. Until then nothing stands in the
+///        folder, and memory holds some hundred bytes for each page and table.
+/// Throws: TOutputError.
+class THtmlReport final : public TReportSink
+{
+public:
+   explicit THtmlReport(THtmlOptions options);
+
+   void BeginRun(const std::string& outputDirectory, const TRunFacts& facts) override;
+   void BeginPage(const std::string& linkName) override;
+   void EndPage() override;
+   void EndRun(const TReportIndex& index) override;
+
+   void WriteReportTitle(const std::string& title, const std::string& linkText,
+                         const std::string& linkTarget) override;
+   void WriteTableTitle(const TTableTitle& title) override;
+   void WriteNote(const std::string& text) override;
+   void BeginTable(const TTableShape& shape) override;
+   void WriteRows(const TTableRows& rows) override;
+   void EndTable() override;
+
+private:
+   const THtmlOptions fOptions;
+   std::string fOutputDirectory;
+   TRunFacts fFacts;
+   TPageNames fNames;
+   std::optional<TOutputFile> fSpool;
+   std::vector<THtmlPage> fPages;
+   std::unique_ptr<THtmlBody> fBody;
+};

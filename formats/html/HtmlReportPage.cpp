@@ -1,0 +1,197 @@
+#include "html/HtmlReportPage.h"
+
+namespace {
+
+/// A list of tables longer than this helps nobody.
+constexpr std::size_t kLongestTableList = 100;
+constexpr std::size_t kTablesWorthAList = 2;
+
+/// The library's texts are " - [Show Rawdata Report]": the link stands on its own here.
+std::string_view GetBareLinkText(std::string_view text)
+{
+   constexpr std::string_view kBegin = " - [";
+   if (text.size() > kBegin.size() && text.substr(0, kBegin.size()) == kBegin && text.back() == ']')
+      return text.substr(kBegin.size(), text.size() - kBegin.size() - 1);
+   return text;
+}
+
+class TPageWriter
+{
+public:
+   TPageWriter(THtmlSink& out, const THtmlSite& site, std::size_t page, std::size_t file,
+               const TReportIndex::TPlace& place)
+      : fOut(out), fSite(site), fPage(site.fPages[page]), fNumber(page), fFile(file), fPlace(place)
+   {}
+
+   void Write(TOutputFile& spool)
+   {
+      WriteFrameBegin(fOut, fSite, GetDocumentTitle(), fNumber);
+      fOut << "<div class=\"report\">\n"_html;
+      WriteHead();
+      WriteTableList();
+      fOut << "<div class=\"sheet\">\n"_html;
+      WriteFileList();
+      for (const TSpan& span : fPage.fFiles[fFile].fBody)
+         fOut.GetFile().CopyFrom(spool, span.fOffset, span.fLength);
+      WriteFileSteps();
+      fOut << "</div>\n</div>\n"_html;
+      WriteFrameEnd(fOut, fSite, GetTitle());
+   }
+
+private:
+   bool IsSplit() const { return fPage.fFiles.size() > 1; }
+
+   std::string GetTitle() const
+   {
+      if (!fPage.fTitle.empty())
+         return fPage.fTitle;
+      return fPlace.fEntry != nullptr ? fPlace.fEntry->fDisplayName : fPage.fLinkName;
+   }
+
+   std::string GetDocumentTitle() const
+   {
+      if (!IsSplit())
+         return GetTitle();
+      return GetTitle() + " (" + std::to_string(fFile + 1) + " of " +
+             std::to_string(fPage.fFiles.size()) + ")";
+   }
+
+   void WriteHead()
+   {
+      fOut << "<header class=\"page-head\">\n<p class=\"crumbs\"><a href=\""_html
+           << TFileUrl{kFrontPageFile} << "\"><bdi>"_html << TText{fSite.fFacts.GetName()}
+           << "</bdi></a>"_html;
+      if (fPlace.fGroup != nullptr)
+         fOut << " / <bdi>"_html << TText{fPlace.fGroup->fHeading} << "</bdi>"_html;
+      fOut << "</p>\n<div class=\"page-title\"><h1>"_html << TText{GetTitle()} << "</h1>"_html;
+      WriteTitleLink();
+      fOut << "</div>\n<p class=\"page-meta\">"_html << TCount{fPage.fTableCount}
+           << (fPage.fTableCount == 1 ? " table, "_html : " tables, "_html) << TCount{fPage.fRows}
+           << (fPage.fRows == 1 ? " row."_html : " rows."_html);
+      WriteCollected();
+      fOut << "</p>\n</header>\n"_html;
+   }
+
+   /// The link is left out where its page was not written.
+   void WriteTitleLink()
+   {
+      const std::size_t target = fPage.fLinkText.empty() || fPage.fLinkTarget.empty()
+                                    ? TReportIndex::kNoPage
+                                    : fSite.fIndex.FindPage(fPage.fLinkTarget, fNumber);
+      if (target != TReportIndex::kNoPage)
+         fOut << "<a class=\"raw-link\" href=\""_html
+              << TFileUrl{fSite.fPages[target].GetFileName(0)} << "\">"_html
+              << TText{GetBareLinkText(fPage.fLinkText)} << "</a>"_html;
+   }
+
+   void WriteCollected()
+   {
+      const TRunFacts& facts = fSite.fFacts;
+      if (facts.fCollected.empty())
+         return;
+      fOut << " Collected <bdi>"_html << TText{facts.fCollected} << "</bdi>"_html;
+      if (!facts.fTimeZone.empty())
+         fOut << ", <bdi>"_html << TText{facts.fTimeZone} << "</bdi>"_html;
+      fOut << "."_html;
+   }
+
+   void WriteTableList()
+   {
+      const std::vector<THtmlTableEntry>& tables = fPage.fTables;
+      if (tables.size() < kTablesWorthAList)
+         return;
+      fOut
+         << "<nav class=\"toc\" aria-label=\"Tables of this page\">\n<p>On this page</p>\n<ol>\n"_html;
+      for (std::size_t i = 0; i < tables.size() && i < kLongestTableList; ++i) {
+         fOut << "<li><a href=\""_html;
+         if (tables[i].fFile != fFile)
+            fOut << TFileUrl{fPage.GetFileName(tables[i].fFile)};
+         fOut << "#t"_html << TNumber{tables[i].fNumber} << "\">"_html << TText{tables[i].fTitle}
+              << "</a><span class=\"num\">"_html << TCount{tables[i].fRows}
+              << "</span></li>\n"_html;
+      }
+      fOut << "</ol>\n"_html;
+      if (tables.size() > kLongestTableList)
+         fOut << "<p>and "_html << TCount{tables.size() - kLongestTableList} << " more</p>\n"_html;
+      fOut << "</nav>\n"_html;
+   }
+
+   void WriteFileLink(std::size_t file, TMarkup text, bool exists)
+   {
+      if (exists)
+         fOut << "<li><a href=\""_html << TFileUrl{fPage.GetFileName(file)} << "\">"_html << text
+              << "</a></li>\n"_html;
+      else
+         fOut << "<li class=\"here\">"_html << text << "</li>\n"_html;
+   }
+
+   void WriteSteps()
+   {
+      const std::size_t last = fPage.fFiles.size() - 1;
+      fOut << "<ul class=\"steps\">\n"_html;
+      WriteFileLink(0, "First"_html, fFile > 0);
+      WriteFileLink(fFile - 1, "Previous"_html, fFile > 0);
+      WriteFileLink(fFile + 1, "Next"_html, fFile < last);
+      WriteFileLink(last, "Last"_html, fFile < last);
+      fOut << "</ul>\n"_html;
+   }
+
+   void WriteFileName(const THtmlFile& file, std::size_t number)
+   {
+      if (file.fFirstTitle.empty() || file.fFirstRow == 0)
+         fOut << "Part "_html << TCount{number + 1};
+      else if (file.fFirstRow > 1 || file.fIsOneTable)
+         fOut << TText{file.fFirstTitle} << ", rows "_html << TCount{file.fFirstRow} << " to "_html
+              << TCount{file.fLastRow};
+      else
+         fOut << "From "_html << TText{file.fFirstTitle};
+   }
+
+   void WriteFileList()
+   {
+      if (!IsSplit())
+         return;
+      const std::vector<THtmlFile>& files = fPage.fFiles;
+      fOut << "<nav class=\"parts\" aria-label=\"Parts of this report\">\n<p>Part "_html
+           << TCount{fFile + 1} << " of "_html << TCount{files.size()} << "</p>\n"_html;
+      WriteSteps();
+      fOut << "<details><summary>All parts</summary>\n<ol>\n"_html;
+      for (std::size_t i = 0; i < files.size(); ++i) {
+         fOut << "<li><a href=\""_html << TFileUrl{fPage.GetFileName(i)} << "\""_html
+              << (i == fFile ? " aria-current=\"page\">"_html : ">"_html);
+         WriteFileName(files[i], i);
+         fOut << "</a></li>\n"_html;
+      }
+      fOut << "</ol>\n</details>\n</nav>\n"_html;
+   }
+
+   void WriteFileSteps()
+   {
+      if (!IsSplit())
+         return;
+      fOut << "<nav class=\"parts\" aria-label=\"Next and previous part\">\n"_html;
+      WriteSteps();
+      fOut << "</nav>\n"_html;
+   }
+
+   THtmlSink& fOut;
+   const THtmlSite& fSite;
+   const THtmlPage& fPage;
+   const std::size_t fNumber;
+   const std::size_t fFile;
+   const TReportIndex::TPlace& fPlace;
+};
+
+}  // namespace
+
+void WriteReportPage(const std::string& outputDirectory, const THtmlSite& site, std::size_t page,
+                     const TReportIndex::TPlace& place, TOutputFile& spool)
+{
+   const THtmlPage& written = site.fPages[page];
+   for (std::size_t file = 0; file < written.fFiles.size(); ++file) {
+      TOutputFile output(outputDirectory + "/" + written.GetFileName(file));
+      THtmlSink out(output);
+      TPageWriter(out, site, page, file, place).Write(spool);
+      output.Close();
+   }
+}

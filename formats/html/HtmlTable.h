@@ -1,0 +1,89 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "common/Table.h"
+#include "html/BodySpool.h"
+#include "html/HtmlCells.h"
+#include "html/HtmlSink.h"
+
+/// What stands above a table.
+struct THtmlHeading
+{
+   /// What screen readers call the table.
+   std::string fName;
+   /// The visible title. Missing: empty under a title that another table has.
+   std::string fTitle;
+   /// 2 or 3, as in h2.
+   unsigned fLevel = 2;
+   bool fIsSubTable = false;
+   bool fIsEmphasised = false;
+};
+
+/// Writes one table into the body of a page, over as many files as it takes.
+///
+/// Shape: a section around a heading and a table. A table of more than kRowsPerFile rows goes on in
+///        the next file, heading and header row and all; rows are counted over all of them.
+/// Owner: everything is the caller's and outlives the table.
+class THtmlTable
+{
+public:
+   /// Virtual rows, once a script shows them, take the place of what follows the first file.
+   static constexpr std::uint64_t kRowsPerFile = 2000;
+   /// Units: bytes of the body; with its frame a file stays below 2 MB, unless one row is larger.
+   static constexpr std::uint64_t kBytesPerFile = 1'500'000;
+
+   THtmlTable(THtmlSink& out, TBodySpool& body, THtmlPage& page, const TTableShape& shape,
+              THtmlHeading heading);
+
+   void WriteRows(const TTableRows& rows);
+   void End();
+
+private:
+   /// What of the table stands in one file.
+   struct TPart
+   {
+      std::size_t fFile = 0;
+      std::size_t fHeadPlace = 0;
+      std::uint64_t fFirstRow = 0;
+      std::uint64_t fLastRow = 0;
+      std::vector<EColumnLook> fLooks;
+      bool fHasSecondTexts = false;
+   };
+
+   void BeginPart(const TTableRows& rows, std::size_t firstRow);
+   void EndPart();
+   void WriteRow(const TTableRows& rows, std::size_t row);
+   void WriteRowNumber();
+   void WriteCells(const TTableRows& rows, std::size_t row);
+
+   void WritePartHead(const TPart& part);
+   void WriteHeading(const TPart& part);
+   void WriteCount(const TPart& part);
+   void WriteColumns(const TPart& part);
+   void WriteHeaderRow(const TPart& part);
+
+   bool IsColumnTable() const { return fShape.fKind == ETableKind::kColumns; }
+
+   bool HasRowNumbers() const { return IsColumnTable() && !fShape.fHasRowLabels; }
+
+   bool IsSplit() const { return fParts.size() > 1; }
+
+   std::uint64_t GetInstanceCount() const { return IsColumnTable() ? fRow : fInstances; }
+
+   THtmlSink& fOut;
+   TBodySpool& fBody;
+   THtmlPage& fPage;
+   const TTableShape fShape;
+   const THtmlHeading fHeading;
+   const unsigned fNumber;
+   std::vector<TPart> fParts;
+   bool fIsPartOpen = false;
+   std::uint64_t fRow = 0;
+   /// The most value cells in a row.
+   std::uint64_t fInstances = 0;
+   /// The first row of a table of differences.
+   std::vector<std::string> fBaseline;
+};

@@ -124,10 +124,7 @@ TCell TGridRows::GetCell(std::size_t row, std::size_t column) const
    cell.fIsLabel = column == 0 && fGrid.fFirstColumnIsHeader;
    cell.fMonospaced = stored.fMonospaced;
    cell.fSame = stored.fSame;
-   const bool hasSecond =
-      !stored.fText.empty() && stored.fSecondText != "N/A" && stored.fSecondText != stored.fText;
-   if (hasSecond)
-      cell.fSecondText = stored.fSecondText;
+   cell.fSecondText = GetShownSecondText(stored.fText, stored.fSecondText);
    if (fHasMarkup)
       ReadMarkup(cell);
    return cell;

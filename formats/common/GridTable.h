@@ -15,8 +15,7 @@ TTableShape GetGridShape(const TTableGrid& grid);
 ///
 /// Missing: rows at the end, and columns at the end of a row table, in which no cell has a text:
 /// the
-///          layout leaves them over where the instances of a table get a grid each. A second text
-///          that is "N/A", repeats the text or stands beside an empty cell.
+///          layout leaves them over where the instances of a table get a grid each.
 /// Owner:   the grid stays the caller's and outlives this view.
 class TGridRows final : public TTableRows
 {

@@ -9,6 +9,7 @@ namespace {
 
 constexpr std::size_t kLongestName = 80;
 constexpr unsigned kFirstNumber = 2;
+const std::string kExtension = ".html";
 
 bool IsLetterOrDigit(char c)
 {
@@ -44,6 +45,13 @@ bool IsDeviceName(const std::string& name)
    return isPort && stem[3] >= '0' && stem[3] <= '9';
 }
 
+/// Some link names have the extension that the writer adds.
+std::string WithoutExtension(const std::string& linkName)
+{
+   const std::size_t length = linkName.size() - std::min(linkName.size(), kExtension.size());
+   return linkName.substr(length) == kExtension ? linkName.substr(0, length) : linkName;
+}
+
 std::string MakeSafe(const std::string& linkName)
 {
    std::string name = linkName.substr(0, kLongestName);
@@ -68,7 +76,7 @@ void TPageNames::Reserve(const std::string& name)
 
 std::string TPageNames::Assign(const std::string& linkName)
 {
-   const std::string name = MakeSafe(linkName);
+   const std::string name = MakeSafe(WithoutExtension(linkName));
    const auto [taken, isNew] = fTaken.emplace(ToLower(name), kFirstNumber);
    if (isNew)
       return name;

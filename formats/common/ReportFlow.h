@@ -87,3 +87,6 @@ private:
    TTableShape fShape;
    TCollectedRows fRows;
 };
+
+/// Tells whoever runs the collection.
+void LogNotice(const std::string& text);

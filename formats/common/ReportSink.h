@@ -47,6 +47,5 @@ public:
    virtual void EndPage() = 0;
    virtual void EndRun(const TReportIndex& index) = 0;
 
-protected:
-   ~TReportSink() = default;
+   virtual ~TReportSink() = default;
 };

@@ -1,5 +1,12 @@
 #include "common/Table.h"
 
+std::string_view GetShownSecondText(std::string_view text, std::string_view secondText)
+{
+   const bool isNothing = text.empty() || secondText == text || secondText == "N/A" ||
+                          secondText.find_first_not_of(" ,;/") == std::string_view::npos;
+   return isNothing ? std::string_view() : secondText;
+}
+
 void TCollectedRows::AddCell(const TCell& cell)
 {
    TStoredCell stored{fTexts.size(), cell.fText.size(), cell.fSecondText.size(), cell};

@@ -35,6 +35,11 @@ struct TCell
    bool fSame = false;
 };
 
+/// What of a second text is worth showing beside a text.
+/// Missing: empty where it is "N/A", repeats the text, holds separators alone, or there is no text.
+/// Owner: a part of what was given.
+std::string_view GetShownSecondText(std::string_view text, std::string_view secondText);
+
 struct TTableShape
 {
    ETableKind fKind = ETableKind::kColumns;

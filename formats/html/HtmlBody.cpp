@@ -23,6 +23,7 @@ void THtmlBody::WriteTableTitle(const TTableTitle& title)
    fTablesUnderTitle = 0;
    if (!title.fIsSubTitle) {
       fMainTitle = title.fText;
+      fIsMainTitleListed = false;
       fMainLabels.clear();
       fSubTitle.reset();
    } else
@@ -54,8 +55,11 @@ void THtmlBody::WriteRows(const TTableRows& rows)
 
 void THtmlBody::EndTable()
 {
-   if (fTable)
-      fTable->End();
+   if (!fTable)
+      return;
+   fTable->End();
+   if (fIsMainTitleListed && !fSubTitle)
+      fPage.fTables.back().fRows += fTable->GetInstanceCount();
    fTable.reset();
 }
 
@@ -73,6 +77,8 @@ void THtmlBody::OpenTable()
 {
    BeginNextFileWhenFull();
    SettleTitles();
+   if (fWaiting && !fWaiting->fIsSubTitle)
+      ListTitle("t" + std::to_string(fPage.fTableCount + 1));
    fTable = std::make_unique<THtmlTable>(fOut, fBody, fPage, fShape, MakeHeading());
    fWaiting.reset();
    fHasContent = true;
@@ -94,14 +100,25 @@ void THtmlBody::WriteTitleWithoutTable(bool isEmpty)
    fOut << "<div class=\"block-head alone\">"_html;
    if (isThird)
       fOut << "<h3>"_html << title << "</h3>"_html;
-   else
+   else if (fWaiting->fIsSubTitle || isEmpty)
       fOut << "<h2>"_html << title << "</h2>"_html;
+   else {
+      ListTitle("s" + std::to_string(++fListedTitles));
+      fOut << "<h2 id=\""_html << TText{fPage.fTables.back().fAnchor} << "\">"_html << title
+           << "</h2>"_html;
+   }
    fOut << "</div>\n"_html;
    if (isEmpty)
       fOut << "<p class=\"none\">No data.</p>\n"_html;
    fFileHasMainTitle = true;
    fHasContent = true;
    fWaiting.reset();
+}
+
+void THtmlBody::ListTitle(const std::string& anchor)
+{
+   fPage.fTables.push_back({fMainTitle, anchor, fBody.GetFile(), 0});
+   fIsMainTitleListed = true;
 }
 
 /// A table without a title of its own may follow the sub-tables of an instance: when its labels are

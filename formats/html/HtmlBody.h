@@ -31,6 +31,7 @@ private:
    void BeginNextFileWhenFull();
    void WriteTitleWithoutTable(bool isEmpty);
    void OpenTable();
+   void ListTitle(const std::string& anchor);
    void SettleTitles();
    THtmlHeading MakeHeading();
 
@@ -47,6 +48,8 @@ private:
    /// The title that waits for its table.
    std::optional<TTableTitle> fWaiting;
    std::string fMainTitle;
+   bool fIsMainTitleListed = false;
+   unsigned fListedTitles = 0;
    std::vector<std::string> fMainLabels;
    /// Missing: what is written stands under the main title itself.
    std::optional<TTableTitle> fSubTitle;

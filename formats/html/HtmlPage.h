@@ -11,12 +11,13 @@ struct TSpan
    std::uint64_t fLength = 0;
 };
 
-/// A titled table in the list of tables of its page.
+/// A title in the list of tables of its page.
 struct THtmlTableEntry
 {
    std::string fTitle;
-   unsigned fNumber = 0;
+   std::string fAnchor;
    std::size_t fFile = 0;
+   /// Of the tables under the title, without their sub-tables.
    std::uint64_t fRows = 0;
 };
 

@@ -48,6 +48,13 @@ private:
       return fPlace.fEntry != nullptr ? fPlace.fEntry->fDisplayName : fPage.fLinkName;
    }
 
+   /// Whether the report asks for no title and its table has that title.
+   bool IsTitleRepeated() const
+   {
+      return fPage.fTitle.empty() && !fPage.fTables.empty() &&
+             fPage.fTables.front().fTitle == GetTitle();
+   }
+
    std::string GetDocumentTitle() const
    {
       if (!IsSplit())
@@ -63,7 +70,10 @@ private:
            << "</bdi></a>"_html;
       if (fPlace.fGroup != nullptr)
          fOut << " / <bdi>"_html << TText{fPlace.fGroup->fHeading} << "</bdi>"_html;
-      fOut << "</p>\n<div class=\"page-title\"><h1>"_html << TText{GetTitle()} << "</h1>"_html;
+      fOut << "</p>\n<div class=\"page-title\"><h1"_html;
+      if (IsTitleRepeated())
+         fOut << " class=\"vh\""_html;
+      fOut << ">"_html << TText{GetTitle()} << "</h1>"_html;
       WriteTitleLink();
       fOut << "</div>\n<p class=\"page-meta\">"_html << TCount{fPage.fTableCount}
            << (fPage.fTableCount == 1 ? " table, "_html : " tables, "_html) << TCount{fPage.fRows}
@@ -106,9 +116,11 @@ private:
          fOut << "<li><a href=\""_html;
          if (tables[i].fFile != fFile)
             fOut << TFileUrl{fPage.GetFileName(tables[i].fFile)};
-         fOut << "#t"_html << TNumber{tables[i].fNumber} << "\">"_html << TText{tables[i].fTitle}
-              << "</a><span class=\"num\">"_html << TCount{tables[i].fRows}
-              << "</span></li>\n"_html;
+         fOut << "#"_html << TText{tables[i].fAnchor} << "\">"_html << TText{tables[i].fTitle}
+              << "</a>"_html;
+         if (tables[i].fRows > 0)
+            fOut << "<span class=\"num\">"_html << TCount{tables[i].fRows} << "</span>"_html;
+         fOut << "</li>\n"_html;
       }
       fOut << "</ol>\n"_html;
       if (tables.size() > kLongestTableList)

@@ -23,8 +23,7 @@ void WriteWidthClass(THtmlSink& out, int percent)
 void FitWidths(std::vector<int>& widths, int sum)
 {
    long total = 0;
-   for (const int width : widths)
-   {
+   for (const int width : widths) {
       if (width <= 0)
          return;
       total += std::min(width, kFullWidth);
@@ -70,8 +69,6 @@ void THtmlTable::End()
       fBody.EndFill(part.fFile, part.fHeadPlace);
    }
    fPage.fRows += GetInstanceCount();
-   if (!fHeading.fTitle.empty() && !fHeading.fIsSubTable && !fParts.empty())
-      fPage.fTables.push_back({fHeading.fTitle, fNumber, fParts.front().fFile, GetInstanceCount()});
 }
 
 void THtmlTable::BeginPart(const TTableRows& rows, std::size_t firstRow)
@@ -124,8 +121,7 @@ void THtmlTable::WriteRow(const TTableRows& rows, std::size_t row)
 void THtmlTable::WriteRowNumber()
 {
    fOut << "<td class=\"n\"><a href=\"#t"_html << TNumber{fNumber} << "-r"_html << TNumber{fRow}
-        << "\">"_html << TCount{fRow}
-        << "</a></td>"_html;
+        << "\">"_html << TCount{fRow} << "</a></td>"_html;
 }
 
 void THtmlTable::WriteCells(const TTableRows& rows, std::size_t row)
@@ -251,11 +247,9 @@ void THtmlTable::WriteColumns(const TPart& part)
    fOut << "<colgroup>"_html;
    if (HasRowNumbers())
       fOut << "<col class=\"n\">"_html;
-   for (const int width : widths)
-   {
+   for (const int width : widths) {
       fOut << "<col"_html;
-      if (width > 0)
-      {
+      if (width > 0) {
          fOut << " class=\""_html;
          WriteWidthClass(fOut, width);
          fOut << "\""_html;

@@ -41,6 +41,9 @@ public:
    void WriteRows(const TTableRows& rows);
    void End();
 
+   /// Rows of a column table, columns of values of a row table.
+   std::uint64_t GetInstanceCount() const { return IsColumnTable() ? fRow : fInstances; }
+
 private:
    /// What of the table stands in one file.
    struct TPart
@@ -70,8 +73,6 @@ private:
    bool HasRowNumbers() const { return IsColumnTable() && !fShape.fHasRowLabels; }
 
    bool IsSplit() const { return fParts.size() > 1; }
-
-   std::uint64_t GetInstanceCount() const { return IsColumnTable() ? fRow : fInstances; }
 
    THtmlSink& fOut;
    TBodySpool& fBody;

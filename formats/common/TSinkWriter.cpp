@@ -1,0 +1,407 @@
+#include "common/TSinkWriter.h"
+
+#include <algorithm>
+
+#include "common/ByteDump.h"
+#include "common/ReadRunFacts.h"
+
+namespace {
+
+constexpr std::size_t kLongestTitle = 100;
+constexpr const char* kCadenzaCommonValues = "CadenzaCommonValues";
+constexpr const char* kCadenzaCommonFrequencies = "CadenzaCommonFrequencies";
+
+std::string ReadMode(const TContext& params)
+{
+   const auto mode = params.find("mode");
+   return mode == params.end() ? "default" : mode->second.ToString(10);
+}
+
+bool HasAnyValue(const TWriter::TProperties& properties)
+{
+   return std::any_of(properties.begin(), properties.end(),
+                      [](const auto& property) { return property && property->HasValue(); });
+}
+
+/// Properties that name the record and say nothing about it.
+bool IsPlumbing(const std::string& propertyName)
+{
+   return propertyName == "Caption" || propertyName == "Description" ||
+          propertyName == "InstanceID";
+}
+
+/// The properties of the first record that have a value in any, by their declarations.
+std::vector<boost::shared_ptr<const ICIMPropertyDecl>> GetFilledColumns(
+   const TWriter::TInstances& instances)
+{
+   std::vector<boost::shared_ptr<ICIMProperty>> properties;
+   instances.front()->EnumerateProperties(TAddToVectorCallback<ICIMProperty>(properties), {});
+   std::vector<boost::shared_ptr<const ICIMPropertyDecl>> columns;
+   for (const auto& property : properties) {
+      const auto decl = property->GetDecl({});
+      const std::string name = decl->GetName({});
+      const bool isFilled = std::any_of(
+         instances.begin(), instances.end(),
+         [&name](const auto& instance) { return instance->GetProperty(name, {})->HasValue(); });
+      if (isFilled && !IsPlumbing(name))
+         columns.push_back(decl);
+   }
+   return columns;
+}
+
+}  // namespace
+
+std::string GetSeparatorText(TReportParameters::TReportProperty::ArrayValueSeparator separator)
+{
+   using TProperty = TReportParameters::TReportProperty;
+   switch (separator) {
+      case TProperty::kSeparatorBlank:
+         return " ";
+      case TProperty::kSeparatorSemicolon:
+         return "; ";
+      case TProperty::kSeparatorSlash:
+         return " / ";
+      case TProperty::kSeparatorDefault:
+         break;
+   }
+   return ", ";
+}
+
+TSinkWriter::TSinkWriter(std::unique_ptr<TReportSink> sink, std::string outputFormat,
+                         std::string baseDirectory)
+   : fSink(std::move(sink))
+{
+   fOutputFormat = std::move(outputFormat);
+   fBaseDirectory = std::move(baseDirectory);
+}
+
+void TSinkWriter::Initialize(boost::shared_ptr<ICIMNamespace> cimNamespace, TContext params,
+                             std::string outputDirectory)
+{
+   fNamespace = std::move(cimNamespace);
+   fOutputDirectory = std::move(outputDirectory);
+   fMode = ReadMode(params);
+   fIsCadenzaPage = false;
+
+   TRunFacts facts = ReadRunFacts(fNamespace);
+   facts.fComparedSystems = fNamespaceLabels;
+   fFlow.emplace(*fSink, LogNotice);
+   fFlow->BeginRun(fOutputDirectory, facts);
+}
+
+void TSinkWriter::EndIndexGroup()
+{
+   fFlow->EndIndexGroup();
+}
+
+void TSinkWriter::BeginIndexGroup(std::string heading)
+{
+   fFlow->BeginIndexGroup(heading);
+}
+
+void TSinkWriter::EndIndex()
+{
+   fFlow->EndRun();
+}
+
+void TSinkWriter::WriteRawDataLink(std::string&, std::string&) {}
+
+void TSinkWriter::WriteEventLogReport(TReportParameters params)
+{
+   WriteLogReport(params);
+}
+
+void TSinkWriter::WriteMergedLogReport(TReportParameters params)
+{
+   WriteLogReport(params);
+}
+
+/// A generic report whose tables may have very many rows.
+void TSinkWriter::WriteLogReport(const TReportParameters& params)
+{
+   OpenReportFile(fOutputDirectory + TOSSpecific::kFileSeparator + params.GetLinkName());
+   BeginReportBody();
+   if (params.ShowReportTitle())
+      WriteReportTitle(params.GetReportName(), "", "");
+   bool hasData = false;
+   for (const TReportClass& reportClass : params.GetClasses()) {
+      const TInstances instances = GetInstances(reportClass);
+      if (instances.empty())
+         continue;
+      hasData = true;
+      WriteLogTable(reportClass, instances);
+   }
+   EndReportBody();
+   CloseReportFile();
+   WriteIndexEntry(params.GetLinkName(), params.GetReportName(), hasData);
+}
+
+/// Lays out a run of records at a time, so that no grid of the whole log stands in memory.
+void TSinkWriter::WriteLogTable(TReportClass reportClass, const TInstances& instances)
+{
+   const bool isOneGrid = reportClass.HasAssociatedClass() ||
+                          reportClass.GetReportStyle() != TReportClass::kColumnStyle ||
+                          reportClass.GetMaxInstancesPerTable() != TReportClass::kNoMaximum;
+   if (isOneGrid)
+      return WriteTable(reportClass, instances, true, false, {});
+
+   if (reportClass.HasTitle())
+      WriteTableTitle(reportClass.GetTitle(), reportClass.SubTitleEnabled(), false);
+   reportClass.ClearTitle();
+   fFlow->BeginJoinedGrids();
+   for (std::size_t first = 0; first < instances.size(); first += TReportFlow::kRowsPerRun) {
+      const std::size_t end = std::min(instances.size(), first + TReportFlow::kRowsPerRun);
+      const auto at = [&instances](std::size_t i) {
+         return instances.begin() + static_cast<TInstances::difference_type>(i);
+      };
+      WriteTable(reportClass, TInstances(at(first), at(end)), true, false, {});
+   }
+   fFlow->EndJoinedGrids();
+}
+
+void TSinkWriter::OpenReportFile(std::string path)
+{
+   fFlow->OpenReportFile(path);
+}
+
+void TSinkWriter::CloseReportFile()
+{
+   fIsCadenzaPage = false;
+   fFlow->CloseReportFile();
+}
+
+void TSinkWriter::EndReportBody()
+{
+   fFlow->EndReportBody();
+}
+
+void TSinkWriter::WriteReportTitle(std::string title, std::string linkText, std::string linkTarget)
+{
+   // The title of the device analysis may be a text of several sentences.
+   if (fIsCadenzaPage && title.size() > kLongestTitle)
+      fFlow->WriteNote(title);
+   else
+      fFlow->WriteReportTitle(title, linkText, linkTarget);
+}
+
+void TSinkWriter::WriteIndexEntry(std::string linkName, std::string displayName,
+                                  const bool& hasData)
+{
+   fFlow->WriteIndexEntry(linkName, displayName, hasData);
+}
+
+void TSinkWriter::WriteTableBreak()
+{
+   fFlow->WriteTableBreak();
+}
+
+void TSinkWriter::WriteTableTitle(std::string title, const bool& subTitle, const bool& emphasised)
+{
+   fFlow->WriteTableTitle({title, subTitle, emphasised});
+}
+
+void TSinkWriter::BeginColumnTable(std::string tableWidth, std::string caption, bool sortable)
+{
+   fFlow->BeginColumnTable(tableWidth, caption, sortable);
+}
+
+void TSinkWriter::BeginRowTable(std::string tableWidth, std::string labelColumnWidth,
+                                std::string caption)
+{
+   fFlow->BeginRowTable(tableWidth, labelColumnWidth, caption);
+}
+
+void TSinkWriter::WriteHeaderCell(boost::shared_ptr<ICIMClass> cimClass, TReportProperty property)
+{
+   const std::string name =
+      property.HasLabelOverride() ? property.GetLabelOverride() : property.GetProperty();
+   const std::string label = cimClass ? GetTableHeaderLabel(*cimClass, property, {}) : name;
+   // The two share a column.
+   if (fIsCadenzaPage && property.GetProperty() == kCadenzaCommonValues) {
+      fCommonValuesLabel = label;
+      return;
+   }
+   if (fIsCadenzaPage && property.GetProperty() == kCadenzaCommonFrequencies)
+      return WriteLabel(fCommonValuesLabel + " / " + label, property);
+   WriteLabel(label, property);
+}
+
+void TSinkWriter::EndTableHeader()
+{
+   fFlow->EndTableRow();
+}
+
+void TSinkWriter::BeginTableRow(const bool&)
+{
+   fFlow->BeginTableRow();
+}
+
+void TSinkWriter::EndTableRow()
+{
+   fFlow->EndTableRow();
+}
+
+void TSinkWriter::EndTable()
+{
+   fFlow->EndTable();
+}
+
+void TSinkWriter::WriteValueCell(boost::shared_ptr<ICIMInstance> instance, TReportProperty property)
+{
+   TProperties properties =
+      GetProperties(instance, property.GetProperty(), property.GetAssociationClass(),
+                    property.GetAssociationTarget());
+   if (properties.empty() && property.HasSecondaryAssociationTarget())
+      properties = GetProperties(instance, property.GetProperty(), "",
+                                 property.GetSecondaryAssociationTarget());
+   const std::string separator = GetArrayValueSeparatorText(property.GetArrayValueSeparator());
+   const std::string untranslated =
+      HasAnyValue(properties) ? GetValuesFromProperties(properties, separator, true) : "";
+   WriteValue(GetValuesFromProperties(properties, separator, false), untranslated,
+              property.IsMonospaced());
+}
+
+void TSinkWriter::WriteTextCell(TReportProperty property, std::string text)
+{
+   WriteValue(text, "", property.IsMonospaced());
+}
+
+void TSinkWriter::WriteHeaderTextCell(std::string text, TReportProperty property)
+{
+   WriteLabel(text, property);
+}
+
+void TSinkWriter::WriteNumericSensorCell(boost::shared_ptr<ICIMInstance> instance, TReportProperty)
+{
+   WriteValue(GetNumericSensorValue(instance, false), "", false);
+}
+
+void TSinkWriter::WriteCadenzaRow(boost::shared_ptr<ICIMInstance> instance, TReportProperty score,
+                                  TReportProperty type, TReportProperty cimType,
+                                  TReportProperty propertyName, TReportProperty value,
+                                  TReportProperty frequency, TReportProperty commonValues,
+                                  TReportProperty commonFrequencies, int)
+{
+   fFlow->BeginTableRow();
+   const std::string scoreText = ReadText(instance, score);
+   TCell scoreCell;
+   scoreCell.fText = scoreText;
+   scoreCell.fKind = ECellKind::kScore;
+   fFlow->AddCell(scoreCell);
+   for (const TReportProperty& property : {type, cimType, propertyName, value, frequency})
+      WriteValueCell(instance, property);
+
+   const std::string values = ReadLines(instance, commonValues);
+   const std::string frequencies = ReadLines(instance, commonFrequencies);
+   TCell common;
+   common.fText = values;
+   common.fSecondText = frequencies;
+   common.fKind = ECellKind::kFrequencies;
+   fFlow->AddCell(common);
+}
+
+void TSinkWriter::PrepareCadenzaReport()
+{
+   fIsCadenzaPage = true;
+}
+
+void TSinkWriter::WriteRawDataCell(boost::shared_ptr<ICIMProperty> property)
+{
+   const std::string separator = GetArrayValueSeparatorText(TReportProperty::kSeparatorBlank);
+   std::string text;
+   if (!DumpBytes(property, text))
+      text = GetValueFromProperty(property, separator, false);
+   WriteValue(text, "", true);
+}
+
+void TSinkWriter::WriteDeclHeaderCell(boost::shared_ptr<const ICIMPropertyDecl> decl)
+{
+   WriteLabel(GetDisplayName(decl), TReportProperty());
+}
+
+void TSinkWriter::WritePropertyValueCell(boost::shared_ptr<ICIMInstance>,
+                                         boost::shared_ptr<ICIMProperty> property)
+{
+   const std::string separator = GetArrayValueSeparatorText(TReportProperty::kSeparatorDefault);
+   WriteValue(GetValueFromProperty(property, separator, false),
+              GetValueFromProperty(property, separator, true), false);
+}
+
+void TSinkWriter::WriteRegisterValueCell(boost::shared_ptr<ICIMInstance>,
+                                         boost::shared_ptr<ICIMProperty> property)
+{
+   const std::string separator = GetArrayValueSeparatorText(TReportProperty::kSeparatorDefault);
+   WriteValue(GetValueFromProperty(property, separator, false), "", true);
+}
+
+void TSinkWriter::WriteEventLogTable(TInstances instances, std::string title, std::string)
+{
+   fFlow->WriteTableTitle({title, false, false});
+   if (instances.empty())
+      return;
+   const auto columns = GetFilledColumns(instances);
+   fFlow->BeginColumnTable("100%", title, true);
+   fFlow->BeginTableRow();
+   for (const auto& decl : columns)
+      WriteLabel(GetDisplayName(decl), TReportProperty());
+   for (const auto& instance : instances) {
+      fFlow->BeginTableRow();
+      for (const auto& decl : columns)
+         WriteValueCell(instance, TReportProperty(decl->GetName({}), "", "", "", ""));
+   }
+   fFlow->EndTable();
+}
+
+void TSinkWriter::WriteGrid(TTableGrid* grid)
+{
+   fFlow->WriteGrid(*grid);
+}
+
+void TSinkWriter::WriteCadenzaHeader()
+{
+   fFlow->WriteNote(
+      "The bar shows the score on a scale to 100. Beside each common value stands how frequent it "
+      "is.");
+}
+
+std::string TSinkWriter::GetArrayValueSeparatorText(TReportProperty::ArrayValueSeparator separator)
+{
+   return GetSeparatorText(separator);
+}
+
+std::string TSinkWriter::EncodeValueText(std::string text)
+{
+   return text;
+}
+
+void TSinkWriter::WriteLabel(const std::string& label, const TReportProperty& property)
+{
+   TCell cell;
+   cell.fText = label;
+   cell.fIsLabel = true;
+   fFlow->AddCell(cell);
+   fFlow->SetColumnWidth(TReportParameters::ConvertPercent(property.GetColumnWidth()));
+}
+
+void TSinkWriter::WriteValue(const std::string& text, const std::string& untranslated,
+                             bool isMonospaced)
+{
+   TCell cell;
+   cell.fText = text;
+   cell.fSecondText = GetShownSecondText(text, untranslated);
+   cell.fMonospaced = isMonospaced;
+   fFlow->AddCell(cell);
+}
+
+std::string TSinkWriter::ReadText(const boost::shared_ptr<ICIMInstance>& instance,
+                                  const TReportProperty& property)
+{
+   return GetPropertyValue(instance, property.GetProperty(), ", ");
+}
+
+/// The elements of an array, a line each.
+std::string TSinkWriter::ReadLines(const boost::shared_ptr<ICIMInstance>& instance,
+                                   const TReportProperty& property)
+{
+   return GetPropertyValue(instance, property.GetProperty(), "\n");
+}

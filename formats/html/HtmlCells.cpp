@@ -40,14 +40,23 @@ bool IsTime(std::string_view text)
    return true;
 }
 
+bool IsBlank(char c)
+{
+   return c == ' ' || c == '\n' || c == '\t';
+}
+
+/// Looks backwards from where a word that begins here would be too long, so that most characters
+/// are passed over.
 bool HasLongWord(std::string_view text)
 {
-   std::size_t wordBegin = 0;
-   while (text.size() - wordBegin > kLongestWord) {
-      const std::size_t wordEnd = text.find_first_of(" \n\t", wordBegin);
-      if (wordEnd == std::string_view::npos || wordEnd - wordBegin > kLongestWord)
+   std::size_t begin = 0;
+   while (text.size() - begin > kLongestWord) {
+      std::size_t blank = begin + kLongestWord;
+      while (blank > begin && !IsBlank(text[blank]))
+         --blank;
+      if (blank == begin && !IsBlank(text[begin]))
          return true;
-      wordBegin = wordEnd + 1;
+      begin = blank + 1;
    }
    return false;
 }

@@ -238,6 +238,9 @@ private:
       if (!fDraft.fIsOpen && FindAttribute(attributes, A::kSuperclass, superclass))
          fDraft.fSuperclass = fDraft.Keep(superclass);
       fIsInQualifier = false;
+      fPathKeys.clear();
+      if (GetParent() == E::kNamedObject)
+         fPathKeys = fNames.TakeKeys();
    }
 
    void BeginProperty(const TAttributes& attributes, std::size_t mark, TCIMValue::ECIMType type,
@@ -327,10 +330,8 @@ private:
    /// instance does not repeat them.
    void AddPathKeys()
    {
-      if (fOpen.back() != E::kNamedObject)
-         return;
       const std::size_t held = fDraft.fProperties.size();
-      for (const TInstanceKey& key : fNames.GetKeys()) {
+      for (const TInstanceKey& key : fPathKeys) {
          std::size_t index = 0;
          while (index < held && fDraft.fProperties[index].fName != key.fName)
             ++index;
@@ -370,6 +371,8 @@ private:
    const TReadLimits& fLimits;
    TObjectDraft fDraft;
    TInstanceNames fNames;
+   /// Of the path in front of the instance that is being read.
+   std::vector<TInstanceKey> fPathKeys;
    std::vector<E> fOpen;
    std::string fText;
    std::size_t fValueMark = 0;

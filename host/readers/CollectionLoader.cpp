@@ -59,7 +59,7 @@ public:
    void ReadPath(const std::string& path)
    {
       if (path == "-") {
-         ReadInput(kStandardInputName, OpenStandardInput(fLimits));
+         ReadInput(kStandardInputName, OpenStandardInput(fLimits), false);
          return;
       }
       const std::vector<std::string> files = fFiles.List(path);
@@ -69,17 +69,13 @@ public:
             fWarnings.push_back(
                FormatPlaced(file, {}, "warning: cannot be opened; it is passed over"));
          else if (fFiles.Begin(file))
-            ReadInput(file, OpenFile(file, fLimits));
+            ReadInput(file, OpenFile(file, fLimits), true);
       }
    }
 
    void ReadText(const std::string& name, std::string text)
    {
-      const auto refuse = [](const TSource& including, std::size_t mark,
-                             std::string_view) -> std::shared_ptr<TSourceText> {
-         including.Fail(mark, "expected no include in a text that lies in no folder, found one");
-      };
-      ReadMOF(std::make_shared<TSourceText>(name, std::move(text)), fBuilder, refuse);
+      ReadInput(name, OpenText(std::move(text)), false);
    }
 
    TCollection Finish()
@@ -96,7 +92,8 @@ public:
    }
 
 private:
-   void ReadInput(const std::string& name, TOpenedFile file)
+   /// mayInclude: whether the input lies in a folder, so that an include can be relative to it.
+   void ReadInput(const std::string& name, TOpenedFile file, bool mayInclude)
    {
       const TReadCounts before = fBuilder.GetCounts();
       TInput input = Uncompress(std::move(file), name, fLimits);
@@ -109,7 +106,12 @@ private:
       } else {
          facts.fFormat = "MOF";
          ReadMOF(ReadSource(name, input), fBuilder,
-                 [this](const TSource& including, std::size_t mark, std::string_view included) {
+                 [this, mayInclude](const TSource& including, std::size_t mark,
+                                    std::string_view included) {
+                    if (!mayInclude)
+                       including.Fail(mark,
+                                      "expected no include in a text that lies in no folder, "
+                                      "found one");
                     return OpenInclude(including, mark, included);
                  });
       }

@@ -41,7 +41,7 @@ struct TCollection
 /// Throws: TReadError at the first thing that cannot be read; nothing is left behind.
 TCollection LoadCollection(const std::vector<std::string>& paths, const TReadLimits& limits = {});
 
-/// Reads a text as if it stood in a file of that name. Includes are refused.
+/// Reads a text as if it were the content of a file of that name. Includes are refused.
 TCollection LoadCollectionText(const std::string& name, std::string text,
                                const TReadLimits& limits = {});
 

@@ -56,6 +56,23 @@ private:
    std::uint64_t fTaken = 0;
 };
 
+class TTextBytes : public TByteSource
+{
+public:
+   explicit TTextBytes(std::string text) : fText(std::move(text)) {}
+
+   std::size_t Read(char* buffer, std::size_t size) override
+   {
+      const std::size_t count = fText.copy(buffer, size, fTaken);
+      fTaken += count;
+      return count;
+   }
+
+private:
+   std::string fText;
+   std::size_t fTaken = 0;
+};
+
 }  // namespace
 
 TPeekableBytes::TPeekableBytes(std::unique_ptr<TByteSource> bytes) : fBytes(std::move(bytes)) {}
@@ -95,6 +112,12 @@ TOpenedFile OpenFile(const std::string& path, const TReadLimits& limits)
 TOpenedFile OpenStandardInput(const TReadLimits& limits)
 {
    return {std::make_unique<TFileBytes>(STDIN_FILENO, kStandardInputName, limits.fFileBytes), 0};
+}
+
+TOpenedFile OpenText(std::string text)
+{
+   const std::uint64_t size = text.size();
+   return {std::make_unique<TTextBytes>(std::move(text)), size};
 }
 
 std::string ReadAll(TByteSource& bytes, std::uint64_t sizeHint)

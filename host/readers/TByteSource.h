@@ -55,6 +55,9 @@ TOpenedFile OpenStandardInput(const TReadLimits& limits);
 
 constexpr const char* kStandardInputName = "<stdin>";
 
+/// A text as if it were the content of a file.
+TOpenedFile OpenText(std::string text);
+
 /// All that is left. sizeHint saves growing, and may be 0.
 std::string ReadAll(TByteSource& bytes, std::uint64_t sizeHint);
 

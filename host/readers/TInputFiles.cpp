@@ -9,7 +9,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "readers/TByteSource.h"
 #include "readers/TReadError.h"
 
 namespace NZANQSX20 {
@@ -74,8 +73,6 @@ bool TInputFiles::Begin(const std::string& path)
 std::string TInputFiles::Resolve(const TSource& including, std::size_t mark,
                                  std::string_view name) const
 {
-   if (including.GetName() == kStandardInputName)
-      including.Fail(mark, "expected no include in a text that lies in no folder, found one");
    const fs::path relative(name);
    const fs::path folder = fs::path(including.GetName()).parent_path();
    const fs::path path = folder / relative;

@@ -64,7 +64,6 @@ void TInstanceNames::End()
    TName name = std::move(fOpen.back());
    fOpen.pop_back();
    fPath = name.fClassName;
-   fPath += '.';
    bool isFirst = true;
    for (const TInstanceKey& key : name.fKeys) {
       if (key.fType == TType::kNull)
@@ -82,6 +81,11 @@ void TInstanceNames::End()
 void TInstanceNames::SetClassName(std::string_view className)
 {
    fPath = className;
+}
+
+std::vector<TInstanceKey> TInstanceNames::TakeKeys()
+{
+   return std::exchange(fKeys, {});
 }
 
 std::string TInstanceNames::TakePath()

@@ -42,8 +42,8 @@ public:
    /// The name that ended last: its path, and forgotten then. Missing: empty when there is none.
    std::string TakePath();
 
-   /// The keys of the name that ended last.
-   const std::vector<TInstanceKey>& GetKeys() const { return fKeys; }
+   /// The keys of the name that ended last, forgotten then.
+   std::vector<TInstanceKey> TakeKeys();
 
 private:
    struct TName

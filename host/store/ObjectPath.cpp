@@ -183,11 +183,14 @@ void AppendKeyBinding(std::string& path, bool isFirst, std::string_view name, st
    path += '"';
 }
 
+bool IsQuotedType(TCIMValue::ECIMType type)
+{
+   return !IsIntegerType(type) && !IsRealType(type) && type != TType::kBoolean;
+}
+
 std::string GetKeyText(const TCIMValue& value, bool& isQuoted)
 {
-   const TCIMValue::ECIMType type = value.GetType();
-   const bool isNumber = IsIntegerType(type) || IsRealType(type) || type == TType::kBoolean;
-   isQuoted = !value.IsNull() && (value.IsArray() || !isNumber);
+   isQuoted = !value.IsNull() && (value.IsArray() || IsQuotedType(value.GetType()));
    return value.IsNull() ? "NULL" : value.ToString(10);
 }
 

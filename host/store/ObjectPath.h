@@ -40,6 +40,9 @@ struct TObjectPath
 void AppendKeyBinding(std::string& path, bool isFirst, std::string_view name, std::string_view text,
                       bool isQuoted);
 
+/// Whether the keys of that type stand in quotes: all but numbers and booleans.
+bool IsQuotedType(TCIMValue::ECIMType type);
+
 /// What stands behind the `=` for a value, before it is quoted; isQuoted tells whether it will be.
 std::string GetKeyText(const TCIMValue& value, bool& isQuoted);
 

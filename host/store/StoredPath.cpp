@@ -88,9 +88,8 @@ private:
       AppendText(text, *value, depth + 1);
       if (value->IsNull())
          text = "NULL";
-      const TStoredValue::ECIMType type = value->GetType();
-      const bool isNumber = IsIntegerType(type) || IsRealType(type) || type == TType::kBoolean;
-      const bool isQuoted = !value->IsNull() && (value->IsArray() || !isNumber);
+      const bool isQuoted =
+         !value->IsNull() && (value->IsArray() || IsQuotedType(value->GetType()));
       AppendKeyBinding(path, isFirst, name, text, isQuoted);
    }
 

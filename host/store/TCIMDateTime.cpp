@@ -199,7 +199,7 @@ std::string TCIMDateTime::ToUIString() const
 
 std::int64_t TCIMDateTime::GetMicroseconds() const
 {
-   const std::int64_t days = fIsInterval ? fDay : GetDayNumber(fYear, fMonth, fDay);
+   const std::int64_t days = fIsInterval ? fDay : GetDayNumber(fYear, fMonth, fDay % 100);
    const std::int64_t seconds = days * kSecondsPerDay + fHours * 3600 + fMinutes * 60 + fSeconds -
                                 std::int64_t{fUtcOffset} * 60;
    return seconds * 1000000 + fMicroseconds;

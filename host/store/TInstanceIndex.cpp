@@ -6,7 +6,6 @@
 
 #include "store/StoredPath.h"
 #include "store/TStoredClass.h"
-#include "store/ValueText.h"
 
 namespace NZANQSX20 {
 
@@ -47,9 +46,7 @@ void QuoteAsDeclared(const TStoredClass& storedClass, TObjectPath& path)
       const TStoredProperty* property = storedClass.FindProperty(key.fName);
       if (property == nullptr || key.fText == "NULL")
          continue;
-      const TCIMValue::ECIMType type = property->GetDeclaration().fType;
-      const bool isNumber = IsIntegerType(type) || IsRealType(type) || type == TType::kBoolean;
-      key.fIsQuoted = !isNumber;
+      key.fIsQuoted = IsQuotedType(property->GetDeclaration().fType);
    }
 }
 
@@ -66,8 +63,6 @@ void TInstanceIndex::Clear()
    fHasPaths = false;
    fPaths.clear();
    fHeads.clear();
-   fFirstDuplicates.clear();
-   fClassesWithDuplicates.clear();
    ClearReferrers();
 }
 
@@ -103,49 +98,71 @@ void TInstanceIndex::AddPath(TStoredInstance& instance)
    // Without keys, the path is the number within the class: nothing to look up.
    if (storedClass.GetKeySlots().empty())
       return;
-   const std::string keys = GetKeys(instance);
-   if (FindExact(storedClass, keys) != nullptr) {
-      instance.fIsShadowed = true;
-      if (fClassesWithDuplicates.insert(&storedClass).second)
-         fFirstDuplicates.push_back(&instance);
-   }
    if (fPaths.size() >= fHeads.size())
       GrowHeads();
+   const std::string keys = GetKeys(instance);
    const std::uint64_t hash = Hash(storedClass, keys);
-   std::uint32_t& head = fHeads[hash & (fHeads.size() - 1)];
-   fPaths.push_back({hash, &instance, head});
-   head = static_cast<std::uint32_t>(fPaths.size() - 1);
+   const std::uint32_t first = FindEntry(storedClass, keys, hash);
+   const auto entry = static_cast<std::uint32_t>(fPaths.size());
+   fPaths.push_back({hash, &instance});
+   if (first == kEnd) {
+      fPaths[entry].fLastOfPath = fPaths[entry].fBeginOfPath = entry;
+      AddToChain(entry);
+      return;
+   }
+   instance.fIsShadowed = FindListed(fPaths[first]) != kEnd;
+   fPaths[fPaths[first].fLastOfPath].fNextOfPath = entry;
+   fPaths[first].fLastOfPath = entry;
+   if (fPaths[first].fBeginOfPath == kEnd)
+      fPaths[first].fBeginOfPath = entry;
+}
+
+void TInstanceIndex::AddToChain(std::uint32_t entry)
+{
+   std::uint32_t& head = fHeads[fPaths[entry].fHash & (fHeads.size() - 1)];
+   fPaths[entry].fNext = head;
+   head = entry;
 }
 
 void TInstanceIndex::GrowHeads()
 {
    fHeads.assign(std::max<std::size_t>(64, fHeads.size() * 2), kEnd);
-   for (std::size_t i = 0; i < fPaths.size(); ++i) {
-      std::uint32_t& head = fHeads[fPaths[i].fHash & (fHeads.size() - 1)];
-      fPaths[i].fNext = head;
-      head = static_cast<std::uint32_t>(i);
+   for (std::uint32_t entry = 0; entry < fPaths.size(); ++entry) {
+      if (fPaths[entry].fLastOfPath != kEnd)
+         AddToChain(entry);
    }
 }
 
-TStoredInstance* TInstanceIndex::FindExact(const TStoredClass& storedClass,
-                                           std::string_view keys) const
+std::uint32_t TInstanceIndex::FindEntry(const TStoredClass& storedClass, std::string_view keys,
+                                        std::uint64_t hash) const
 {
    if (fHeads.empty())
-      return nullptr;
-   const std::uint64_t hash = Hash(storedClass, keys);
-   TStoredInstance* first = nullptr;
+      return kEnd;
    for (std::uint32_t i = fHeads[hash & (fHeads.size() - 1)]; i != kEnd; i = fPaths[i].fNext) {
-      TStoredInstance& candidate = *fPaths[i].fInstance;
-      const bool isCandidate =
-         fPaths[i].fHash == hash && candidate.IsListed() && &candidate.GetClass() == &storedClass;
-      const bool isEarlier = first == nullptr || candidate.GetOrder() < first->GetOrder();
-      if (isCandidate && isEarlier && GetKeys(candidate) == keys)
-         first = &candidate;
+      const TStoredInstance& candidate = *fPaths[i].fInstance;
+      if (fPaths[i].fHash == hash && &candidate.GetClass() == &storedClass &&
+          GetKeys(candidate) == keys)
+         return i;
    }
-   return first;
+   return kEnd;
 }
 
-TStoredInstance* TInstanceIndex::FindBelow(const TStoredClass& top, std::string_view keys) const
+std::uint32_t TInstanceIndex::FindListed(TPathEntry& first)
+{
+   // Whoever was deleted is not looked at again: an instance that comes back drops the table.
+   while (first.fBeginOfPath != kEnd && !fPaths[first.fBeginOfPath].fInstance->IsListed())
+      first.fBeginOfPath = fPaths[first.fBeginOfPath].fNextOfPath;
+   return first.fBeginOfPath;
+}
+
+TStoredInstance* TInstanceIndex::FindExact(const TStoredClass& storedClass, std::string_view keys)
+{
+   const std::uint32_t first = FindEntry(storedClass, keys, Hash(storedClass, keys));
+   const std::uint32_t listed = first != kEnd ? FindListed(fPaths[first]) : kEnd;
+   return listed != kEnd ? fPaths[listed].fInstance : nullptr;
+}
+
+TStoredInstance* TInstanceIndex::FindBelow(const TStoredClass& top, std::string_view keys)
 {
    TStoredInstance* found = FindExact(top, keys);
    if (found != nullptr || top.GetSubclasses().empty())
@@ -213,7 +230,21 @@ TStoredInstance* TInstanceIndex::Resolve(const TStoredValue& reference)
 std::vector<const TStoredInstance*> TInstanceIndex::FindFirstDuplicates()
 {
    NeedPaths();
-   return fFirstDuplicates;
+   std::vector<const TStoredInstance*> duplicates;
+   std::unordered_set<const TStoredClass*> classes;
+   for (TPathEntry& first : fPaths) {
+      const bool isAlone = first.fLastOfPath == kEnd || first.fNextOfPath == kEnd;
+      const std::uint32_t listed = isAlone ? kEnd : FindListed(first);
+      if (listed == kEnd)
+         continue;
+      std::uint32_t second = fPaths[listed].fNextOfPath;
+      while (second != kEnd && !fPaths[second].fInstance->IsListed())
+         second = fPaths[second].fNextOfPath;
+      const TStoredInstance* instance = fPaths[listed].fInstance;
+      if (second != kEnd && classes.insert(&instance->GetClass()).second)
+         duplicates.push_back(instance);
+   }
+   return duplicates;
 }
 
 void TInstanceIndex::NeedReferrers()
@@ -295,12 +326,13 @@ bool TInstanceIndex::MayMoveReferences(const TStoredInstance& instance)
    if (TObjectPath::Parse(instance.GetClass().GetName() + keys, path) &&
        fDanglingKeys.count(GetUnquotedKeys(path)) > 0)
       return true;
-   // A reference that names an ancestor may lead to another class with the same keys.
+   // A reference that names an ancestor may lead to another class with the same keys. Behind one of
+   // its own class, the instance is shadowed and nothing moves.
    const TStoredClass* root = &instance.GetClass();
    while (root->GetSuperclass() != nullptr)
       root = root->GetSuperclass();
    const TStoredInstance* found = Find(root->GetName() + keys);
-   return found != nullptr && found != &instance;
+   return found != nullptr && &found->GetClass() != &instance.GetClass();
 }
 
 void TInstanceIndex::OnListed(TStoredInstance& instance)
@@ -316,21 +348,23 @@ void TInstanceIndex::OnListed(TStoredInstance& instance)
 
 void TInstanceIndex::OnDeleted(const TStoredInstance& instance)
 {
-   if (!fHasPaths)
+   if (!fHasReferrers || fByTarget.count(&instance) == 0)
       return;
    const std::string keys = GetKeys(instance);
    // The next instance of the same path takes over its references.
-   if (FindExact(instance.GetClass(), keys) != nullptr)
-      Clear();
+   if (Find(instance.GetClass().GetName() + keys) != nullptr) {
+      ClearReferrers();
+      return;
+   }
    TObjectPath path;
-   if (fHasReferrers && fByTarget.count(&instance) > 0 &&
-       TObjectPath::Parse(instance.GetClass().GetName() + keys, path))
+   if (TObjectPath::Parse(instance.GetClass().GetName() + keys, path))
       fDanglingKeys.insert(GetUnquotedKeys(path));
 }
 
 void TInstanceIndex::OnChanged(const TStoredInstance& instance, TSlot slot)
 {
-   if (instance.IsListed() && instance.GetClass().IsKeyOrReference(slot))
+   const bool isInTables = instance.fWasListed && (fHasPaths || fHasReferrers);
+   if (isInTables && instance.GetClass().IsKeyOrReference(slot))
       Clear();
 }
 

@@ -38,7 +38,7 @@ public:
    /// As TMemoryStore::FindReferrers.
    std::vector<TReferrer> FindReferrers(const TStoredInstance& target);
 
-   /// The first instance of each class that another one of the same path comes before.
+   /// One instance of each class that has two of one path: the first of these paths' first.
    std::vector<const TStoredInstance*> FindFirstDuplicates();
 
    void OnListed(TStoredInstance& instance);
@@ -49,11 +49,18 @@ public:
 private:
    static constexpr std::uint32_t kEnd = 0xffffffff;
 
+   /// One listed instance. The first of each path stands in the chain of its hash, the others of
+   /// that path in a chain behind it, so that a thousand instances of one path cost no more than a
+   /// thousand paths.
    struct TPathEntry
    {
       std::uint64_t fHash;
       TStoredInstance* fInstance;
-      std::uint32_t fNext;
+      std::uint32_t fNext = kEnd;
+      std::uint32_t fNextOfPath = kEnd;
+      /// Of the first: the last of that path, and where the search for a listed one begins.
+      std::uint32_t fLastOfPath = kEnd;
+      std::uint32_t fBeginOfPath = kEnd;
    };
 
    struct TReferrerEntry
@@ -73,12 +80,16 @@ private:
    void NeedPaths();
    void NeedReferrers();
    void AddPath(TStoredInstance& instance);
+   void AddToChain(std::uint32_t entry);
    void GrowHeads();
    void AddReferences(TStoredInstance& instance);
    void AddReference(TStoredInstance& instance, TSlot slot, const TStoredValue& reference);
 
-   TStoredInstance* FindExact(const TStoredClass& storedClass, std::string_view keys) const;
-   TStoredInstance* FindBelow(const TStoredClass& top, std::string_view keys) const;
+   std::uint32_t FindEntry(const TStoredClass& storedClass, std::string_view keys,
+                           std::uint64_t hash) const;
+   std::uint32_t FindListed(TPathEntry& first);
+   TStoredInstance* FindExact(const TStoredClass& storedClass, std::string_view keys);
+   TStoredInstance* FindBelow(const TStoredClass& top, std::string_view keys);
    static TStoredInstance* FindByNumber(const TStoredClass& top, const TObjectPath& path);
    bool MayMoveReferences(const TStoredInstance& instance);
    void ClearReferrers();
@@ -88,10 +99,8 @@ private:
 
    bool fHasPaths = false;
    std::vector<TPathEntry> fPaths;
-   /// By the low bits of the hash: the last entry of that chain.
+   /// By the low bits of the hash: the first entry of that chain.
    std::vector<std::uint32_t> fHeads;
-   std::vector<const TStoredInstance*> fFirstDuplicates;
-   std::unordered_set<const TStoredClass*> fClassesWithDuplicates;
 
    bool fHasReferrers = false;
    std::vector<TReferrerEntry> fReferrers;

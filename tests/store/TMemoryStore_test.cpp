@@ -215,6 +215,21 @@ TEST(TMemoryStore, TheFirstOfTwoInstancesAnswersToThePath)
    EXPECT_THAT(machine.GetStore().FindDuplicatePaths(), IsEmpty());
 }
 
+TEST(TMemoryStore, ManyInstancesOfOnePathCostNoMoreThanManyPaths)
+{
+   TMachine machine;
+   TMemoryStore& store = machine.GetStore();
+   TInstanceDraft draft(*store.GetSchema().Find("ZANSG_Fan"));
+   constexpr int kCount = 50000;
+   for (int i = 0; i < kCount; ++i)
+      store.Add(draft);
+   // Each deletion makes the next one answer; a walk over the rest each time would take minutes.
+   for (int i = 0; i < kCount - 1; ++i)
+      store.Delete(*store.FindByPath("ZANSG_Fan.ID=NULL"));
+   EXPECT_EQ(1u, store.CountInstances());
+   EXPECT_NE(nullptr, store.FindByPath("ZANSG_Device.ID=NULL"));
+}
+
 TEST(TMemoryStore, WalksAssociationsWithTheirFilters)
 {
    TMachine machine;

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "catalogue/TReportParametersBuilder.h"
+#include "services/IPMILan.h"
 #include "support/MakeStore.h"
 
 using testing::ElementsAre;
@@ -215,4 +216,14 @@ TEST(Catalogue, RawTablesStandInServiceModeAlone)
 {
    EXPECT_EQ(1u, TBuilder(MakeMachine({}), "MEK", false).BuildIPMILogParams().GetClasses().size());
    EXPECT_EQ(3u, TBuilder(MakeMachine({}), "mek", false).BuildIPMILogParams().GetClasses().size());
+}
+
+TEST(Catalogue, TheIPMILogNamesTheRemoteController)
+{
+   TBuilder builder(MakeMachine({}), "default", false);
+   NZANQSX20::SetIPMILanAddress("10.1.2.3");
+   const std::string remote = builder.BuildIPMILogParams().GetReportName();
+   NZANQSX20::SetIPMILanAddress("");
+   EXPECT_EQ("IPMI Event - Remote BMC 10.1.2.3", remote);
+   EXPECT_EQ("IPMI Event", builder.BuildIPMILogParams().GetReportName());
 }

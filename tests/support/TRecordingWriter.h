@@ -4,14 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "support/GridLines.h"
 #include "writer/TWriter.h"
 
 /// Writes down what is called on it, so that a test compares lines.
 ///
 /// Shape: a line a call, the operation and its arguments: `WriteTableTitle "Memory", false, false`.
 ///        An instance stands as its path, a definition as its link name, a property as its name. A
-///        grid has its lines behind it.
+///        grid has a line a row behind it: `| Name | Fan 1 (raw: 17) |`.
 class TRecordingWriter : public TWriter
 {
 public:
@@ -187,7 +186,16 @@ public:
    void WriteGrid(TTableGrid* grid) override
    {
       Record("WriteGrid");
-      AddGridLines(*grid, fLines);
+      for (std::size_t row = 0; row < grid->fCells.GetRows(); ++row) {
+         std::string line = "|";
+         for (std::size_t column = 0; column < grid->fCells.GetColumns(); ++column) {
+            const TTableCell& cell = grid->fCells(row, column);
+            const std::string raw =
+               cell.fSecondText.empty() ? "" : " (raw: " + cell.fSecondText + ")";
+            line += " " + cell.fText + raw + " |";
+         }
+         fLines.push_back(line);
+      }
    }
 
    void WriteCadenzaHeader() override { Record("WriteCadenzaHeader"); }

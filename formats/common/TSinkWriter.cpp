@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::size_t kLongestTitle = 100;
+constexpr std::size_t kLongestTitle = 60;
 constexpr const char* kCadenzaCommonValues = "CadenzaCommonValues";
 constexpr const char* kCadenzaCommonFrequencies = "CadenzaCommonFrequencies";
 

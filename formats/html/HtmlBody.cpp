@@ -17,6 +17,9 @@ void THtmlBody::WriteReportTitle(const std::string& title, const std::string& li
 
 void THtmlBody::WriteTableTitle(const TTableTitle& title)
 {
+   // Nothing to head a table with.
+   if (IsBlank(title.fText))
+      return;
    if (fWaiting)
       WriteTitleWithoutTable(!title.fIsSubTitle || fWaiting->fIsSubTitle);
    fWaiting = title;

@@ -40,7 +40,7 @@ bool IsTime(std::string_view text)
    return true;
 }
 
-bool IsBlank(char c)
+bool EndsWord(char c)
 {
    return c == ' ' || c == '\n' || c == '\t';
 }
@@ -52,9 +52,9 @@ bool HasLongWord(std::string_view text)
    std::size_t begin = 0;
    while (text.size() - begin > kLongestWord) {
       std::size_t blank = begin + kLongestWord;
-      while (blank > begin && !IsBlank(text[blank]))
+      while (blank > begin && !EndsWord(text[blank]))
          --blank;
-      if (blank == begin && !IsBlank(text[begin]))
+      if (blank == begin && !EndsWord(text[begin]))
          return true;
       begin = blank + 1;
    }

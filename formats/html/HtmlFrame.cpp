@@ -13,15 +13,16 @@ constexpr TMarkup kHeadBegin =
 void WriteSideEntry(THtmlSink& out, const THtmlSite& site, const TReportIndex::TEntry& entry,
                     std::size_t currentPage)
 {
+   const std::string name = GetShownName(entry);
    const TMarkup current = entry.fPage == currentPage && currentPage != TReportIndex::kNoPage
                               ? " aria-current=\"page\""_html
                               : ""_html;
    if (entry.IsLinked())
       out << "<li><a href=\""_html << TFileUrl{site.fPages[entry.fPage].GetFileName(0)} << "\""_html
-          << current << ">"_html << TText{entry.fDisplayName} << "</a><span class=\"num\">"_html
+          << current << ">"_html << TText{name} << "</a><span class=\"num\">"_html
           << TCount{site.GetRows(entry)} << "</span></li>\n"_html;
    else
-      out << "<li class=\"empty\"><span"_html << current << ">"_html << TText{entry.fDisplayName}
+      out << "<li class=\"empty\"><span"_html << current << ">"_html << TText{name}
           << "</span><span class=\"num\">"_html << GetEmptyWord(entry) << "</span></li>\n"_html;
 }
 
@@ -61,6 +62,13 @@ void WriteSideBar(THtmlSink& out, const THtmlSite& site, std::size_t currentPage
 std::uint64_t THtmlSite::GetRows(const TReportIndex::TEntry& entry) const
 {
    return fPages[entry.fPage].fRows;
+}
+
+std::string GetShownName(const TReportIndex::TEntry& entry)
+{
+   if (!IsBlank(entry.fDisplayName))
+      return entry.fDisplayName;
+   return IsBlank(entry.fLinkName) ? "Unnamed report" : entry.fLinkName;
 }
 
 TMarkup GetEmptyWord(const TReportIndex::TEntry& entry)

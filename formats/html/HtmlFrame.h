@@ -31,5 +31,8 @@ void WriteFrameBegin(THtmlSink& out, const THtmlSite& site, const std::string& t
 /// From </main> to the last byte, with a line on where the page comes from.
 void WriteFrameEnd(THtmlSink& out, const THtmlSite& site, const std::string& title);
 
+/// The name of an entry as readers see it: one without a name has its link name.
+std::string GetShownName(const TReportIndex::TEntry& entry);
+
 /// What stands under an entry that has no page to show: "no data".
 TMarkup GetEmptyWord(const TReportIndex::TEntry& entry);

@@ -53,21 +53,21 @@ void WriteIndexEntry(THtmlSink& out, const THtmlSite& site, const TReportIndex::
    if (entry.IsLinked())
       out << "<tr><th scope=\"row\"><a href=\""_html
           << TFileUrl{site.fPages[entry.fPage].GetFileName(0)} << "\">"_html
-          << TText{entry.fDisplayName} << "</a></th><td>"_html << TCount{site.GetRows(entry)};
+          << TText{GetShownName(entry)} << "</a></th><td>"_html << TCount{site.GetRows(entry)};
    else
-      out << "<tr class=\"empty\"><th scope=\"row\">"_html << TText{entry.fDisplayName}
+      out << "<tr class=\"empty\"><th scope=\"row\">"_html << TText{GetShownName(entry)}
           << "</th><td>"_html << GetEmptyWord(entry);
    out << "</td></tr>\n"_html;
 }
 
-void WriteIndexHead(THtmlSink& out, const TReportIndex& index)
+void WriteIndexHead(THtmlSink& out, const THtmlSite& site)
 {
    std::uint64_t reports = 0;
    std::uint64_t withData = 0;
-   for (const TReportIndex::TGroup& group : index.GetGroups())
+   for (const TReportIndex::TGroup& group : site.fIndex.GetGroups())
       for (const TReportIndex::TEntry& entry : group.fEntries) {
          ++reports;
-         withData += entry.IsLinked();
+         withData += entry.IsLinked() && site.GetRows(entry) > 0;
       }
    out << "<div class=\"section-head\" id=\"index\"><h2>Reports</h2><p>"_html << TCount{reports}
        << (reports == 1 ? " report, "_html : " reports, "_html) << TCount{withData}
@@ -76,7 +76,7 @@ void WriteIndexHead(THtmlSink& out, const TReportIndex& index)
 
 void WriteIndex(THtmlSink& out, const THtmlSite& site)
 {
-   WriteIndexHead(out, site.fIndex);
+   WriteIndexHead(out, site);
    out << "<div class=\"index\">\n"_html;
    for (const TReportIndex::TGroup& group : site.fIndex.GetGroups()) {
       if (group.fEntries.empty())

@@ -43,9 +43,11 @@ private:
 
    std::string GetTitle() const
    {
-      if (!fPage.fTitle.empty())
+      if (!IsBlank(fPage.fTitle))
          return fPage.fTitle;
-      return fPlace.fEntry != nullptr ? fPlace.fEntry->fDisplayName : fPage.fLinkName;
+      if (fPlace.fEntry != nullptr)
+         return GetShownName(*fPlace.fEntry);
+      return IsBlank(fPage.fLinkName) ? fPage.fFileStem : fPage.fLinkName;
    }
 
    /// Whether the report asks for no title and its table has that title.
@@ -75,9 +77,11 @@ private:
          fOut << " class=\"vh\""_html;
       fOut << ">"_html << TText{GetTitle()} << "</h1>"_html;
       WriteTitleLink();
-      fOut << "</div>\n<p class=\"page-meta\">"_html << TCount{fPage.fTableCount}
-           << (fPage.fTableCount == 1 ? " table, "_html : " tables, "_html) << TCount{fPage.fRows}
-           << (fPage.fRows == 1 ? " row."_html : " rows."_html);
+      fOut << "</div>\n<p class=\"page-meta\">"_html;
+      if (fPage.fTableCount > 0)
+         fOut << TCount{fPage.fTableCount}
+              << (fPage.fTableCount == 1 ? " table, "_html : " tables, "_html)
+              << TCount{fPage.fRows} << (fPage.fRows == 1 ? " row. "_html : " rows. "_html);
       WriteCollected();
       fOut << "</p>\n</header>\n"_html;
    }
@@ -99,7 +103,7 @@ private:
       const TRunFacts& facts = fSite.fFacts;
       if (facts.fCollected.empty())
          return;
-      fOut << " Collected <bdi>"_html << TText{facts.fCollected} << "</bdi>"_html;
+      fOut << "Collected <bdi>"_html << TText{facts.fCollected} << "</bdi>"_html;
       if (!facts.fTimeZone.empty())
          fOut << ", <bdi>"_html << TText{facts.fTimeZone} << "</bdi>"_html;
       fOut << "."_html;

@@ -30,6 +30,12 @@ struct TText
    std::string_view fText;
 };
 
+/// Whether a reader would see nothing of the text.
+inline bool IsBlank(std::string_view text)
+{
+   return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+}
+
 /// A file beside the page, for an attribute that holds an address. It can't name another place:
 /// what is no letter, digit, "-", "_", "." or "~" is percent-encoded.
 struct TFileUrl

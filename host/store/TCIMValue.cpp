@@ -331,7 +331,9 @@ TCIMValue::operator double() const
 
 TCIMValue::operator std::string() const
 {
-   if (fIsArray && !fIsNull)
+   if (fIsNull)
+      return {};
+   if (fIsArray || fType != TType::kString)
       ThrowConversion(*this);
    return ToString(10);
 }

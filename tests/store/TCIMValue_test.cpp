@@ -103,6 +103,7 @@ TEST(TCIMValue, ConvertsWhatMakesSenseAndThrowsForTheRest)
    EXPECT_EQ(13, GetStatus([] { static_cast<void>(static_cast<int>(TCIMValue("5"))); }));
    EXPECT_EQ(13, GetStatus([] { static_cast<void>(static_cast<TCIMReference>(TCIMValue("A"))); }));
    EXPECT_EQ(13, GetStatus([] { static_cast<void>(static_cast<std::string>(Bytes({1}))); }));
+   EXPECT_EQ(13, GetStatus([&] { static_cast<void>(static_cast<std::string>(wide)); }));
 }
 
 TEST(TCIMValue, CopiesNeverShareLaterChanges)

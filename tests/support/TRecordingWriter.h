@@ -4,13 +4,14 @@
 #include <string>
 #include <vector>
 
+#include "support/GridLines.h"
 #include "writer/TWriter.h"
 
 /// Writes down what is called on it, so that a test compares lines.
 ///
 /// Shape: a line a call, the operation and its arguments: `WriteTableTitle "Memory", false, false`.
 ///        An instance stands as its path, a definition as its link name, a property as its name. A
-///        grid has a line a row behind it: `| Name | Fan 1 (raw: 17) |`.
+///        grid has its lines behind it.
 class TRecordingWriter : public TWriter
 {
 public:
@@ -186,16 +187,7 @@ public:
    void WriteGrid(TTableGrid* grid) override
    {
       Record("WriteGrid");
-      for (std::size_t row = 0; row < grid->fCells.GetRows(); ++row) {
-         std::string line = "|";
-         for (std::size_t column = 0; column < grid->fCells.GetColumns(); ++column) {
-            const TTableCell& cell = grid->fCells(row, column);
-            const std::string raw =
-               cell.fSecondText.empty() ? "" : " (raw: " + cell.fSecondText + ")";
-            line += " " + cell.fText + raw + " |";
-         }
-         fLines.push_back(line);
-      }
+      AddGridLines(*grid, fLines);
    }
 
    void WriteCadenzaHeader() override { Record("WriteCadenzaHeader"); }

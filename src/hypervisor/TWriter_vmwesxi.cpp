@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "writer/ReportTables.h"
 #include "writer/TPropertyTable.h"
 
 namespace {
@@ -45,15 +46,7 @@ void TWriter_vmwesxi::WriteGenericReport(TReportParameters params)
    if (params.ShowReportTitle())
       WriteReportTitle(params.GetReportName(), "", "");
 
-   bool hasData = false;
-   for (const TReportClass& reportClass : params.GetClasses()) {
-      TInstances instances = GetInstances(reportClass);
-      if (instances.empty())
-         continue;
-      hasData = true;
-      WriteTable(reportClass, std::move(instances), true, false, {});
-   }
-
+   const bool hasData = WriteReportTables(*this, params);
    EndReportBody();
    CloseReportFile();
    WriteIndexEntry(params.GetLinkName(), params.GetReportName(), hasData);

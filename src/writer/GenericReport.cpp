@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "writer/MemoryModuleTables.h"
+#include "writer/ReportTables.h"
 #include "writer/TWriter.h"
 #include "writer/WriterLog.h"
 
@@ -79,19 +80,12 @@ void TWriter::WriteGenericReportWithLink(TReportParameters params, const std::st
    LogTrace("Entering TWriter::WriteGenericReport");
    OpenReportFile(fOutputDirectory + TOSSpecific::kFileSeparator + params.GetLinkName());
    BeginReportBody();
-   const bool hasRawData = fOutputFormat == "html" && fMode == "mek";
+   const bool hasRawData =
+      fOutputFormat == "html" && fMode == TReportParametersBuilder::kServiceMode;
    WriteReportTitle(params.GetReportName(), hasRawData ? " - [Show Rawdata Report]" : "",
                     hasRawData ? rawLinkName : "");
 
-   bool hasData = false;
-   for (const TReportClass& reportClass : params.GetClasses()) {
-      TInstances instances = GetInstances(reportClass);
-      if (instances.empty())
-         continue;
-      hasData = true;
-      WriteTable(reportClass, std::move(instances), true, false, {});
-   }
-
+   const bool hasData = WriteReportTables(*this, params);
    EndReportBody();
    CloseReportFile();
    WriteIndexEntry(params.GetLinkName(), params.GetReportName(), hasData);

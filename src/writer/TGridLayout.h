@@ -20,14 +20,13 @@ public:
    /// Owner: the definition and the instances stay the caller's and are used by Write alone.
    TGridLayout(const TReportClass& reportClass, const TInstances& instances,
                bool expandAssociations, bool marked);
+   virtual ~TGridLayout() = default;
    TGridLayout(const TGridLayout&) = delete;
    TGridLayout& operator=(const TGridLayout&) = delete;
 
    void Write();
 
 protected:
-   virtual ~TGridLayout() = default;
-
    // The steps, in the order in which they come. Cells are addressed with GetCell.
 
    /// The label of each property, in row 0.

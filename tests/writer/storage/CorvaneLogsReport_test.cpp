@@ -38,24 +38,6 @@ TEST(CorvaneLogsReport, HidesTheManagerLogWhenItsFirstRecordSaysThatThereIsNoMan
              "WriteIndexEntry \"corvanelogs\", \"Corvane Logs\", true");
 }
 
-TEST(CorvaneLogsReport, SortsDeviceEventsByAddress)
-{
-   EXPECT_THAT(WriteLogs(R"(
-class ZANSG_cvSCSIDeviceData { [Key] uint32 ControllerNum; [Key] uint32 Channel;
-   [Key] uint32 ScsiId; uint32 NumParityErrors; uint32 NumSoftErrors; uint32 NumHardErrors;
-   uint32 PFA; uint32 Misc; };
-instance of ZANSG_cvSCSIDeviceData { ControllerNum = 10; Channel = 0; ScsiId = 0; };
-instance of ZANSG_cvSCSIDeviceData { ControllerNum = 2; Channel = 1; ScsiId = 3; };
-instance of ZANSG_cvSCSIDeviceData { ControllerNum = 2; Channel = 0; ScsiId = 11; };)"),
-               ElementsAre("WriteTableTitle \"Device Event Table\", false, false",
-                           "| ControllerNum | Channel | ScsiId | NumParityErrors | NumSoftErrors | "
-                           "NumHardErrors | PFA | Misc |",
-                           "| 2 (raw: N/A) | 0 | 11 |  |  |  |  |  |",
-                           "| 2 (raw: N/A) | 1 | 3 |  |  |  |  |  |",
-                           "| 10 (raw: N/A) | 0 | 0 |  |  |  |  |  |",
-                           "WriteIndexEntry \"corvanelogs\", \"Corvane Logs\", true"));
-}
-
 TEST(CorvaneLogsReport, ShowsTheControllersOwnLogsInServiceModeOnly)
 {
    const std::string mof = R"(

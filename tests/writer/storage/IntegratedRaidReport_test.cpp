@@ -83,12 +83,3 @@ TEST(IntegratedRaidReport, JoinsCardsSystemsDrivesAndVolumesByTheirKeys)
       writer.fLines,
       testing::Contains("WriteHeaderCell \"LSI_RAID_DiskDrivePhysicalPackage\", DeviceID"));
 }
-
-TEST(IntegratedRaidReport, HasATitleButNoDataWhereNoCardFindsItsSystem)
-{
-   const TRecordingWriter writer =
-      WriteReport(kModel + "instance of LSI_RAID_Card { SerialNumber = \"S1\"; };");
-   EXPECT_THAT(writer.GetLines({"WriteReportTitle", "WriteTableTitle", "WriteIndexEntry"}),
-               ElementsAre("WriteReportTitle \"LSI Controller\", \"\", \"\"",
-                           "WriteIndexEntry \"lsi\", \"LSI Controller\", false"));
-}

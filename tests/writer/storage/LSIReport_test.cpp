@@ -115,14 +115,10 @@ instance of ZANSG_LSIEnclosureInformation { EnclosureNum = 2; };
 instance of ZANSG_LSISCSIProtocolController { ControllerNum = 0; LSIType = 3; };
 instance of ZANSG_LSISCSIProtocolController { ControllerNum = 1; LSIType = 2; };
 instance of ZANSG_LSISCSIProtocolController { ControllerNum = 2; LSIType = 3; };)");
-   EXPECT_THAT(
-      writer.GetLines({"BeginRowTable"}),
-      ElementsAre(
-         "BeginRowTable \"50%\", \"40%\", \"Controller #0 Configuration\"",
-         "BeginRowTable \"50%\", \"40%\", \"Controller #0 Configurationenclosure information\"",
-         "BeginRowTable \"50%\", \"40%\", \"Controller #1 Configuration\"",
-         "BeginRowTable \"50%\", \"40%\", \"Controller #2 Configuration\"",
-         "BeginRowTable \"50%\", \"40%\", \"Controller #2 Configurationenclosure information\""));
+   std::string controllers;
+   for (const std::string& line : writer.GetLines({"BeginRowTable"}))
+      controllers += line[line.find('#') + 1];
+   EXPECT_EQ(controllers, "00122");
 }
 
 TEST(LSIIDEReport, WritesVersionsAndLabelsOfTheDrivesOwnClass)

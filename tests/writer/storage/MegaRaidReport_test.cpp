@@ -79,12 +79,6 @@ TEST(MegaRaidReport, WritesNothingOfAPortWithoutItsCard)
                            "CloseReportFile"));
 }
 
-TEST(MegaRaidReport, FindsTheFirstCardForAnEmptySystemName)
-{
-   EXPECT_THAT(WriteReport(MakePort("")),
-               testing::Contains("WriteValueCell LSIESG_PhysicalCard.Tag=\"card 7\", Model"));
-}
-
 TEST(MegaRaidReport, ShowsTheLevelByTheSettingsNameAndTheExtentsOfThePool)
 {
    const std::string mof = MakePort("7") + kPool + kVolume + MakeSetting("x7_0y") + R"(

@@ -69,36 +69,24 @@ std::string gLink;
 constexpr const char* kNothing = "";
 constexpr const char* kLogsPage =
    R"(OpenReportFile "corvanelogs"
-WriteReportPreamble
-BeginReportBody
 WriteReportTitle "Corvane Logs", "", ""
-EndReportBody
 CloseReportFile
 WriteIndexEntry "corvanelogs", "Corvane Logs", false
 )";
 constexpr const char* kHealthPage =
    R"(OpenReportFile "drive_health"
-BeginReportBody
 WriteReportTitle "Drive Health", "", ""
-BeginRowTable "100%", "20%", ""
-BeginTableRow true
 WriteHeaderTextCell "No Supported IDE or Tape Drive found
 ", No Supported IDE or Tape Drive
 
-EndTableRow
-EndTable
-EndReportBody
 CloseReportFile
 WriteIndexEntry "drive_health", "Drive Health", false
 )";
 const std::string kMegaRaidRawPage =
    R"(OpenReportFile "megalsi_rawData"
-BeginReportBody
 WriteReportTitle "MegaRAID Information", "", ""
-WriteTableTitle "Commands Issued", false, false
 WriteGrid
 | Description | Raw Result |
-EndReportBody
 CloseReportFile
 WriteIndexEntry "megalsi_rawData", "MR Controller", false
 )";
@@ -114,15 +102,9 @@ const TStorageCase kCases[] = {
     "3 Entering TWriter::WriteLSIReport\n"
     "3 Exiting TWriter::WriteLSIReport, caught exception while getting class instances\n",
     R"(OpenReportFile "lsi"
-BeginReportBody
 WriteReportTitle "LSI Controller", "", ""
-BeginRowTable "100%", "20%", ""
-BeginTableRow true
 WriteHeaderTextCell "No LSI Controller Card Detected
 ", 
-EndTableRow
-EndTable
-EndReportBody
 CloseReportFile
 WriteIndexEntry "lsi", "LSI Controller", false
 )",
@@ -131,9 +113,7 @@ WriteIndexEntry "lsi", "LSI Controller", false
     "3 Entering TWriter::WriteLSIIDEReport\n"
     "3 ::WriteLSIIDEReport, ex.fStatusCode.fStatusCode=\n",
     R"(OpenReportFile "lsiide"
-BeginReportBody
 WriteReportTitle "LSI IDE Controller", "", ""
-EndReportBody
 CloseReportFile
 WriteIndexEntry "lsiide", "LSI IDE Controller", false
 )",
@@ -146,9 +126,7 @@ WriteIndexEntry "lsiide", "LSI IDE Controller", false
     "3 ::WriteLSIMegaRaidReport, ex.fStatusCode.fStatusCode=\n"
     "3 Exiting TWriter::WriteLSIMegaRaidReport\n",
     kMegaRaidRawPage + R"(OpenReportFile "lsi_mr"
-BeginReportBody
 WriteReportTitle "MegaRaid Information", "", ""
-EndReportBody
 CloseReportFile
 )",
     1},
@@ -162,8 +140,6 @@ CloseReportFile
     "3 ::WriteLSIIntegratedRaidReport, ex.fStatusCode.fStatusCode=\n"
     "3 Exiting TWriter::WriteLSIIntegratedRaidReport\n",
     R"(OpenReportFile "lsi"
-BeginReportBody
-EndReportBody
 CloseReportFile
 WriteIndexEntry "lsi", "LSI Controller", false
 )",
@@ -204,7 +180,9 @@ std::pair<std::string, int> WriteReport(const TStorageCase& reportCase,
       status = failure.fStatusCode.fStatusCode;
    }
    std::string text;
-   for (const std::string& line : writer.fLines)
+   for (const std::string& line :
+        writer.GetLines({"OpenReportFile", "WriteReportTitle", "WriteHeaderTextCell", "WriteGrid",
+                         "|", "CloseReportFile", "WriteIndexEntry"}))
       text += line + "\n";
    return {text, status};
 }

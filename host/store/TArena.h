@@ -2,11 +2,9 @@
 
 #include <cstddef>
 #include <cstring>
-#include <memory>
-#include <new>
+#include <memory_resource>
 #include <string_view>
 #include <type_traits>
-#include <vector>
 
 namespace NZANQSX20 {
 
@@ -22,18 +20,7 @@ public:
    TArena& operator=(const TArena&) = delete;
 
    /// Units: bytes; the piece is aligned for 8-byte values.
-   void* Allocate(std::size_t size)
-   {
-      const std::size_t rounded = (size + kAlignment - 1) & ~(kAlignment - 1);
-      if (rounded < size)
-         throw std::bad_alloc();
-      if (rounded > fFree)
-         return AllocateElsewhere(rounded);
-      void* piece = fNext;
-      fNext += rounded;
-      fFree -= rounded;
-      return piece;
-   }
+   void* Allocate(std::size_t size) { return fMemory.allocate(size, kAlignment); }
 
    /// A copy of the text, not ended by a zero.
    std::string_view Copy(std::string_view text)
@@ -59,13 +46,9 @@ public:
 
 private:
    static constexpr std::size_t kAlignment = 8;
-   static constexpr std::size_t kBlockSize = 256 * 1024;
+   static constexpr std::size_t kFirstBlock = 64 * 1024;
 
-   void* AllocateElsewhere(std::size_t size);
-
-   std::vector<std::unique_ptr<char[]>> fBlocks;
-   char* fNext = nullptr;
-   std::size_t fFree = 0;
+   std::pmr::monotonic_buffer_resource fMemory{kFirstBlock};
 };
 
 }  // namespace NZANQSX20

@@ -23,6 +23,23 @@ bool HasAnyValue(const TWriter::TProperties& properties)
                       [](const auto& property) { return property && property->HasValue(); });
 }
 
+/// Whether a cell of these may have an untranslated value. A date-time without one is told apart
+/// here, as its texts cost a failed look-up each.
+bool MayHaveRawForm(const TWriter::TProperties& properties)
+{
+   if (!HasAnyValue(properties))
+      return false;
+   if (properties.size() != 1)
+      return true;
+   try {
+      ICIMProperty& property = *properties.front();
+      return property.GetType({}) != TCIMValue::TCIMType::kDateTime ||
+             !property.GetValue().IsNull();
+   } catch (const TQSXException&) {
+      return true;
+   }
+}
+
 /// Properties that name the record and say nothing about it.
 bool IsPlumbing(const std::string& propertyName)
 {
@@ -256,7 +273,7 @@ void TSinkWriter::WriteValueCell(boost::shared_ptr<ICIMInstance> instance, TRepo
                                  property.GetSecondaryAssociationTarget());
    const std::string separator = GetArrayValueSeparatorText(property.GetArrayValueSeparator());
    const std::string untranslated =
-      HasAnyValue(properties) ? GetValuesFromProperties(properties, separator, true) : "";
+      MayHaveRawForm(properties) ? GetValuesFromProperties(properties, separator, true) : "";
    WriteValue(GetValuesFromProperties(properties, separator, false), untranslated,
               property.IsMonospaced());
 }

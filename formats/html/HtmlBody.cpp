@@ -20,6 +20,7 @@ void THtmlBody::WriteTableTitle(const TTableTitle& title)
    // Nothing to head a table with.
    if (IsBlank(title.fText))
       return;
+   CloseGroup();
    if (fWaiting)
       WriteTitleWithoutTable(!title.fIsSubTitle || fWaiting->fIsSubTitle);
    fWaiting = title;
@@ -61,6 +62,7 @@ void THtmlBody::EndTable()
    if (!fTable)
       return;
    fTable->End();
+   fGroupHasSwitch |= fTable->HasSwitch();
    if (fIsMainTitleListed && !fSubTitle)
       fPage.fTables.back().fRows += fTable->GetInstanceCount();
    fTable.reset();
@@ -68,6 +70,7 @@ void THtmlBody::EndTable()
 
 void THtmlBody::Finish()
 {
+   CloseGroup();
    if (fWaiting)
       WriteTitleWithoutTable(true);
    else if (!fHasContent)
@@ -80,6 +83,7 @@ void THtmlBody::OpenTable()
 {
    BeginNextFileWhenFull();
    SettleTitles();
+   OpenGroup();
    if (fWaiting && !fWaiting->fIsSubTitle)
       ListTitle("t" + std::to_string(fPage.fTableCount + 1));
    fTable = std::make_unique<THtmlTable>(fOut, fBody, fPage, fShape, MakeHeading());
@@ -91,6 +95,7 @@ void THtmlBody::BeginNextFileWhenFull()
 {
    if (fBody.GetFileBytes() < THtmlTable::kBytesPerFile)
       return;
+   CloseGroup();
    fBody.NextFile();
    fFileHasMainTitle = false;
 }
@@ -133,8 +138,26 @@ void THtmlBody::SettleTitles()
          fMainLabels = fShape.fLabels;
       return;
    }
-   if (fSubTitle && !fShape.fLabels.empty() && fShape.fLabels == fMainLabels)
+   if (fSubTitle && !fShape.fLabels.empty() && fShape.fLabels == fMainLabels) {
       fSubTitle.reset();
+      CloseGroup();
+   }
+}
+
+void THtmlBody::OpenGroup()
+{
+   if (fIsGroupOpen)
+      return;
+   fOut << kGroupBegin;
+   fIsGroupOpen = true;
+   fGroupHasSwitch = false;
+}
+
+void THtmlBody::CloseGroup()
+{
+   if (fIsGroupOpen)
+      fOut << kGroupEnd;
+   fIsGroupOpen = false;
 }
 
 THtmlHeading THtmlBody::MakeHeading()
@@ -146,6 +169,7 @@ THtmlHeading THtmlBody::MakeHeading()
       heading.fName = fPage.fTitle.empty() ? fShape.fCaption : fPage.fTitle;
    if (++fTablesUnderTitle > 1)
       heading.fName += ", " + std::to_string(fTablesUnderTitle);
+   heading.fHasSwitchAbove = fGroupHasSwitch;
    if (!fWaiting)
       return heading;
 

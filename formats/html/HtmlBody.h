@@ -33,6 +33,8 @@ private:
    void OpenTable();
    void ListTitle(const std::string& anchor);
    void SettleTitles();
+   void OpenGroup();
+   void CloseGroup();
    THtmlHeading MakeHeading();
 
    THtmlSink fOut;
@@ -41,6 +43,8 @@ private:
    TTableShape fShape;
    /// Missing: empty until the table has a row.
    std::unique_ptr<THtmlTable> fTable;
+   bool fIsGroupOpen = false;
+   bool fGroupHasSwitch = false;
    bool fHasContent = false;
    bool fHasPageTitle = false;
    bool fFileHasMainTitle = false;

@@ -8,7 +8,10 @@
 namespace {
 
 constexpr std::size_t kLongestWord = 40;
+constexpr std::size_t kLeastWidthOfLongWords = 30;
+constexpr std::size_t kMeasuredRows = 50;
 constexpr std::string_view kTimeShape = "0000-00-00 00:00:00";
+constexpr std::size_t kDateLength = 10;
 constexpr double kFullScore = 100;
 
 bool IsDigit(char c)
@@ -30,9 +33,11 @@ bool IsNumberWithUnit(std::string_view text, std::string_view& unit)
    return points <= 1 && isUnit && std::none_of(unit.begin(), unit.end(), IsDigit);
 }
 
+/// A date, with a time behind it or without.
 bool IsTime(std::string_view text)
 {
-   if (text.size() != kTimeShape.size())
+   text = text.substr(0, text.find_last_not_of(' ') + 1);
+   if (text.size() != kTimeShape.size() && text.size() != kDateLength)
       return false;
    for (std::size_t i = 0; i < text.size(); ++i)
       if (kTimeShape[i] == '0' ? !IsDigit(text[i]) : text[i] != kTimeShape[i])
@@ -59,6 +64,18 @@ bool HasLongWord(std::string_view text)
       begin = blank + 1;
    }
    return false;
+}
+
+std::size_t GetLongestWord(std::string_view text)
+{
+   std::size_t longest = 0;
+   std::size_t begin = 0;
+   for (std::size_t i = 0; i <= text.size(); ++i)
+      if (i == text.size() || EndsWord(text[i])) {
+         longest = std::max(longest, i - begin);
+         begin = i + 1;
+      }
+   return longest;
 }
 
 /// The next line of a text, taken off its front.
@@ -121,6 +138,24 @@ EColumnLook JudgeColumn(const TTableRows& rows, std::size_t firstRow, std::size_
    if (isEmpty || (!isNumber && !isTime))
       return EColumnLook::kText;
    return isNumber ? EColumnLook::kNumber : EColumnLook::kTime;
+}
+
+std::size_t MeasureColumn(const TTableRows& rows, std::size_t firstRow, std::size_t endRow,
+                          std::size_t column, EColumnLook look, std::string_view label)
+{
+   std::size_t width = GetLongestWord(label);
+   if (look == EColumnLook::kLongWords)
+      return std::max(width, kLeastWidthOfLongWords);
+   const bool wraps = look == EColumnLook::kText;
+   for (std::size_t r = firstRow; r < std::min(endRow, firstRow + kMeasuredRows); ++r) {
+      if (column >= rows.GetCellCount(r))
+         continue;
+      const TCell cell = rows.GetCell(r, column);
+      // Monospaced cells break anywhere.
+      if (!cell.fMonospaced)
+         width = std::max(width, wraps ? GetLongestWord(cell.fText) : cell.fText.size());
+   }
+   return width;
 }
 
 void WriteLook(THtmlSink& out, EColumnLook look)

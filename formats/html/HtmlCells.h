@@ -11,13 +11,17 @@ enum class EColumnLook : unsigned char
 {
    kText,
    kNumber,    // every cell with a text is a number, all with the same unit
-   kTime,      // every cell with a text is a date with its time
+   kTime,      // every cell with a text is a date, with its time or without
    kLongWords  // a word is too long for any column
 };
 
 /// The look of a column in a run of rows.
 EColumnLook JudgeColumn(const TTableRows& rows, std::size_t firstRow, std::size_t endRow,
                         std::size_t column);
+
+/// How narrow a column can be. Units: characters. Measured over some rows of the run.
+std::size_t MeasureColumn(const TTableRows& rows, std::size_t firstRow, std::size_t endRow,
+                          std::size_t column, EColumnLook look, std::string_view label);
 
 /// Writes the class attribute of a look, with a blank before it. Missing: nothing for kText.
 void WriteLook(THtmlSink& out, EColumnLook look);

@@ -19,11 +19,13 @@ void WriteSideEntry(THtmlSink& out, const THtmlSite& site, const TReportIndex::T
                               : ""_html;
    if (entry.IsLinked())
       out << "<li><a href=\""_html << TFileUrl{site.fPages[entry.fPage].GetFileName(0)} << "\""_html
-          << current << ">"_html << TText{name} << "</a><span class=\"num\">"_html
-          << TCount{site.GetRows(entry)} << "</span></li>\n"_html;
+          << current << ">"_html << TText{name} << "</a>"_html;
    else
       out << "<li class=\"empty\"><span"_html << current << ">"_html << TText{name}
-          << "</span><span class=\"num\">"_html << GetEmptyWord(entry) << "</span></li>\n"_html;
+          << "</span>"_html;
+   out << "<span class=\"num\">"_html;
+   WriteRowCount(out, site, entry);
+   out << "</span></li>\n"_html;
 }
 
 /// The name of the run, as a line below the machine's name in the side bar.
@@ -71,9 +73,14 @@ std::string GetShownName(const TReportIndex::TEntry& entry)
    return IsBlank(entry.fLinkName) ? "Unnamed report" : entry.fLinkName;
 }
 
-TMarkup GetEmptyWord(const TReportIndex::TEntry& entry)
+void WriteRowCount(THtmlSink& out, const THtmlSite& site, const TReportIndex::TEntry& entry)
 {
-   return entry.fHasData ? "no page"_html : "no data"_html;
+   if (entry.fHasData && entry.fPage == TReportIndex::kNoPage)
+      out << "no page"_html;
+   else if (!entry.IsLinked() || site.GetRows(entry) == 0)
+      out << "no data"_html;
+   else
+      out << TCount{site.GetRows(entry)};
 }
 
 void WriteFrameBegin(THtmlSink& out, const THtmlSite& site, const std::string& title,

@@ -34,5 +34,5 @@ void WriteFrameEnd(THtmlSink& out, const THtmlSite& site, const std::string& tit
 /// The name of an entry as readers see it: one without a name has its link name.
 std::string GetShownName(const TReportIndex::TEntry& entry);
 
-/// What stands under an entry that has no page to show: "no data".
-TMarkup GetEmptyWord(const TReportIndex::TEntry& entry);
+/// Writes the number of rows of an entry, or a word where there are none.
+void WriteRowCount(THtmlSink& out, const THtmlSite& site, const TReportIndex::TEntry& entry);

@@ -53,10 +53,11 @@ void WriteIndexEntry(THtmlSink& out, const THtmlSite& site, const TReportIndex::
    if (entry.IsLinked())
       out << "<tr><th scope=\"row\"><a href=\""_html
           << TFileUrl{site.fPages[entry.fPage].GetFileName(0)} << "\">"_html
-          << TText{GetShownName(entry)} << "</a></th><td>"_html << TCount{site.GetRows(entry)};
+          << TText{GetShownName(entry)} << "</a></th><td>"_html;
    else
       out << "<tr class=\"empty\"><th scope=\"row\">"_html << TText{GetShownName(entry)}
-          << "</th><td>"_html << GetEmptyWord(entry);
+          << "</th><td>"_html;
+   WriteRowCount(out, site, entry);
    out << "</td></tr>\n"_html;
 }
 

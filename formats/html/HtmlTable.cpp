@@ -7,9 +7,14 @@ namespace {
 constexpr std::uint64_t kRowsWorthSkipping = 20;
 /// Up to so many columns a table doesn't grow with the window, so that numbers stay near names.
 constexpr std::size_t kFewColumns = 3;
+// Units: characters. A table whose least width is above these scrolls in its own box, in a window
+// of usual width and in any.
+constexpr std::size_t kWidestBesideSideBar = 120;
+constexpr std::size_t kWidestOfAll = 210;
+constexpr std::size_t kPadding = 3;
 // Units: percent of the table.
 constexpr int kFullWidth = 100;
-constexpr int kWidthBesideRowNumbers = 95;
+constexpr int kWidthBesideRowNumbers = 96;
 
 /// Writes "w-40" for a width of 40 percent.
 void WriteWidthClass(THtmlSink& out, int percent)
@@ -28,8 +33,15 @@ void FitWidths(std::vector<int>& widths, int sum)
          return;
       total += std::min(width, kFullWidth);
    }
-   for (int& width : widths)
-      width = static_cast<int>(std::max(1L, std::min(width, kFullWidth) * sum / total));
+   // Rounded sums, so that nothing is left over.
+   long before = 0;
+   long scaledBefore = 0;
+   for (int& width : widths) {
+      before += std::min(width, kFullWidth);
+      const long scaled = (before * sum + total / 2) / total;
+      width = static_cast<int>(std::max(1L, scaled - scaledBefore));
+      scaledBefore = scaled;
+   }
 }
 
 }  // namespace
@@ -51,7 +63,9 @@ void THtmlTable::WriteRows(const TTableRows& rows)
                                           fBody.GetFileBytes() >= kBytesPerFile);
       if (isFull) {
          EndPart();
+         fOut << kGroupEnd;
          fBody.NextFile();
+         fOut << kGroupBegin;
       }
       if (!fIsPartOpen)
          BeginPart(rows, r);
@@ -80,9 +94,14 @@ void THtmlTable::BeginPart(const TTableRows& rows, std::size_t firstRow)
    const std::size_t endRow = static_cast<std::size_t>(
       std::min<std::uint64_t>(rows.GetRowCount(), firstRow + kRowsPerFile));
    const std::size_t columns = std::max(fShape.fLabels.size(), rows.GetCellCount(firstRow));
-   for (std::size_t c = 0; c < columns; ++c)
+   for (std::size_t c = 0; c < columns; ++c) {
       part.fLooks.push_back(IsColumnTable() ? JudgeColumn(rows, firstRow, endRow, c)
                                             : EColumnLook::kText);
+      const bool hasLabel = c < fShape.fLabels.size();
+      const std::string_view label = hasLabel ? std::string_view(fShape.fLabels[c]) : "";
+      part.fLeastWidth +=
+         kPadding + MeasureColumn(rows, firstRow, endRow, c, part.fLooks[c], label);
+   }
    fParts.push_back(std::move(part));
    fIsPartOpen = true;
 }
@@ -176,8 +195,23 @@ void THtmlTable::WritePartHead(const TPart& part)
    if (rowCount > kRowsWorthSkipping)
       fOut << "<a class=\"skip-rows\" href=\"#t"_html << TNumber{fNumber}
            << "-end\">Skip the rows of "_html << TText{fHeading.fName} << "</a>\n"_html;
-   fOut << "<div class=\"scroll\" role=\"group\" tabindex=\"0\" aria-label=\""_html
-        << TText{fHeading.fName} << ", table "_html << TNumber{fNumber} << "\">\n"_html;
+   WriteTableTag(part);
+   WriteColumns(part);
+   if (!fShape.fLabels.empty())
+      WriteHeaderRow(part);
+   fOut << "<tbody>\n"_html;
+}
+
+/// The box that scrolls, the table's begin and its caption.
+void THtmlTable::WriteTableTag(const TPart& part)
+{
+   fOut << "<div class=\"scroll"_html;
+   if (part.fLeastWidth > kWidestOfAll)
+      fOut << " widest"_html;
+   else if (part.fLeastWidth > kWidestBesideSideBar)
+      fOut << " wide"_html;
+   fOut << "\" role=\"group\" tabindex=\"0\" aria-label=\""_html << TText{fHeading.fName}
+        << ", table "_html << TNumber{fNumber} << "\">\n"_html;
    fOut << "<table class=\"grid"_html << (IsColumnTable() ? " cols"_html : " rows"_html);
    if (!IsColumnTable() && fInstances > 1)
       fOut << " many"_html;
@@ -188,15 +222,11 @@ void THtmlTable::WritePartHead(const TPart& part)
       fOut << ", rows "_html << TCount{part.fFirstRow} << " to "_html << TCount{part.fLastRow}
            << " of "_html << TCount{fRow};
    fOut << "</caption>\n"_html;
-   WriteColumns(part);
-   if (!fShape.fLabels.empty())
-      WriteHeaderRow(part);
-   fOut << "<tbody>\n"_html;
 }
 
 void THtmlTable::WriteHeading(const TPart& part)
 {
-   const bool hasTools = part.fHasSecondTexts;
+   const bool hasTools = NeedsSwitch(part);
    const bool isFirst = part.fFirstRow == 1;
    const bool hasTitle = !fHeading.fTitle.empty();
    if (!hasTitle && !hasTools && !IsSplit())

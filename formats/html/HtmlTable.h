@@ -9,6 +9,10 @@
 #include "html/HtmlCells.h"
 #include "html/HtmlSink.h"
 
+// Around the tables under one title.
+constexpr TMarkup kGroupBegin = "<div class=\"group\">\n"_html;
+constexpr TMarkup kGroupEnd = "</div>\n"_html;
+
 /// What stands above a table.
 struct THtmlHeading
 {
@@ -20,12 +24,16 @@ struct THtmlHeading
    unsigned fLevel = 2;
    bool fIsSubTable = false;
    bool fIsEmphasised = false;
+   /// A table above, under the same title, has the switch for the untranslated values of both.
+   bool fHasSwitchAbove = false;
 };
 
 /// Writes one table into the body of a page, over as many files as it takes.
 ///
-/// Shape: a section around a heading and a table. A table of more than kRowsPerFile rows goes on in
-///        the next file, heading and header row and all; rows are counted over all of them.
+/// Shape: a section around a heading and a table, within a group of tables that share a switch for
+///        their untranslated values; the group is the caller's. A table of more than kRowsPerFile
+///        rows goes on in the next file, heading and header row and all; rows are counted over all
+///        of them.
 /// Owner: everything is the caller's and outlives the table.
 class THtmlTable
 {
@@ -41,6 +49,9 @@ public:
    void WriteRows(const TTableRows& rows);
    void End();
 
+   /// Whether the group that is open now has its switch from this table. After End.
+   bool HasSwitch() const { return !fParts.empty() && NeedsSwitch(fParts.back()); }
+
    /// Rows of a column table, columns of values of a row table.
    std::uint64_t GetInstanceCount() const { return IsColumnTable() ? fRow : fInstances; }
 
@@ -54,6 +65,8 @@ private:
       std::uint64_t fLastRow = 0;
       std::vector<EColumnLook> fLooks;
       bool fHasSecondTexts = false;
+      /// Units: characters, for the least width of all columns.
+      std::size_t fLeastWidth = 0;
    };
 
    void BeginPart(const TTableRows& rows, std::size_t firstRow);
@@ -63,6 +76,7 @@ private:
    void WriteCells(const TTableRows& rows, std::size_t row);
 
    void WritePartHead(const TPart& part);
+   void WriteTableTag(const TPart& part);
    void WriteHeading(const TPart& part);
    void WriteCount(const TPart& part);
    void WriteColumns(const TPart& part);
@@ -71,6 +85,11 @@ private:
    bool IsColumnTable() const { return fShape.fKind == ETableKind::kColumns; }
 
    bool HasRowNumbers() const { return IsColumnTable() && !fShape.fHasRowLabels; }
+
+   bool NeedsSwitch(const TPart& part) const
+   {
+      return part.fHasSecondTexts && (part.fFirstRow > 1 || !fHeading.fHasSwitchAbove);
+   }
 
    bool IsSplit() const { return fParts.size() > 1; }
 

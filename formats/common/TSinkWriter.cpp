@@ -4,6 +4,7 @@
 
 #include "common/ByteDump.h"
 #include "common/ReadRunFacts.h"
+#include "common/RecordColumns.h"
 
 namespace {
 
@@ -38,32 +39,6 @@ bool MayHaveRawForm(const TWriter::TProperties& properties)
    } catch (const TQSXException&) {
       return true;
    }
-}
-
-/// Properties that name the record and say nothing about it.
-bool IsPlumbing(const std::string& propertyName)
-{
-   return propertyName == "Caption" || propertyName == "Description" ||
-          propertyName == "InstanceID";
-}
-
-/// The properties of the first record that have a value in any, by their declarations.
-std::vector<boost::shared_ptr<const ICIMPropertyDecl>> GetFilledColumns(
-   const TWriter::TInstances& instances)
-{
-   std::vector<boost::shared_ptr<ICIMProperty>> properties;
-   instances.front()->EnumerateProperties(TAddToVectorCallback<ICIMProperty>(properties), {});
-   std::vector<boost::shared_ptr<const ICIMPropertyDecl>> columns;
-   for (const auto& property : properties) {
-      const auto decl = property->GetDecl({});
-      const std::string name = decl->GetName({});
-      const bool isFilled = std::any_of(
-         instances.begin(), instances.end(),
-         [&name](const auto& instance) { return instance->GetProperty(name, {})->HasValue(); });
-      if (isFilled && !IsPlumbing(name))
-         columns.push_back(decl);
-   }
-   return columns;
 }
 
 }  // namespace

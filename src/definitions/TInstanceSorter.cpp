@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <numeric>
 
+#include "definitions/BoundedSort.h"
 #include "definitions/TReportParameters.h"
 
 using TInstanceSorter = TReportParameters::TInstanceSorter;
@@ -228,12 +229,11 @@ void TInstanceSorter::SortInstances(TInstances& instances) const
    const auto isBefore = [&keys](std::size_t a, std::size_t b) { return keys.IsBefore(a, b); };
    std::vector<std::size_t> order(instances.size());
    std::iota(order.begin(), order.end(), std::size_t{0});
-   if (std::is_sorted(order.begin(), order.end(), isBefore))
-      return;
+   if (!SortWithinBounds(order, isBefore)) {
+      std::iota(order.begin(), order.end(), std::size_t{0});
+      std::stable_sort(order.begin(), order.end(), isBefore);
+   }
 
-   // Not std::sort: it runs out of bounds when texts compare in a circle. A stable sort asks
-   // nothing that it has not tested first, as long as one question has one answer.
-   std::stable_sort(order.begin(), order.end(), isBefore);
    TInstances sorted;
    sorted.reserve(instances.size());
    for (const std::size_t index : order)

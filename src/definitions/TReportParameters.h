@@ -92,7 +92,7 @@ public:
 
    /// Sorts the instances by the keys, each key of an instance read at most once.
    ///
-   /// Shape:  equal instances keep their order.
+   /// Shape:  as std::sort leaves them; up to 16 equal instances keep their order.
    /// Throws: what a read throws; the instances are then in the order in which they came.
    void SortInstances(std::vector<boost::shared_ptr<ICIMInstance>>& instances) const;
 

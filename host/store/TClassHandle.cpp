@@ -95,8 +95,7 @@ boost::shared_ptr<const ICIMPropertyDecl> TClassHandle::GetPropertyDecl(const st
    const TStoredProperty* property = fClass.FindProperty(name);
    if (property == nullptr)
       throw TQSXException(kStatusNotFound);
-   return boost::make_shared<TPropertyDeclHandle>(fRepository, property,
-                                                  property->GetDeclaration().fName);
+   return GetDeclHandle(fRepository, property, property->GetDeclaration().fName);
 }
 
 boost::shared_ptr<ICIMInstance> TClassHandle::CreateInstance(TContext context)

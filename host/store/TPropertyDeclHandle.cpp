@@ -41,4 +41,18 @@ const std::string& TPropertyDeclHandle::GetName(TContext) const
    return fName;
 }
 
+boost::shared_ptr<const ICIMPropertyDecl> GetDeclHandle(const TRepositoryHandle& repository,
+                                                        const TStoredProperty* property,
+                                                        const std::string& name)
+{
+   if (property == nullptr)
+      return boost::make_shared<TPropertyDeclHandle>(repository, property, name);
+   boost::shared_ptr<const ICIMPropertyDecl> decl = property->GetSharedHandle().lock();
+   if (!decl) {
+      decl = boost::make_shared<TPropertyDeclHandle>(repository, property, name);
+      property->GetSharedHandle() = decl;
+   }
+   return decl;
+}
+
 }  // namespace NZANQSX20

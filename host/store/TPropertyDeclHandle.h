@@ -28,4 +28,10 @@ private:
    const std::string& fName;
 };
 
+/// The handle over a declaration, the same one as long as somebody holds it: who walks a column
+/// sees that its rows share the declaration. A property that only an instance has gets one each.
+boost::shared_ptr<const ICIMPropertyDecl> GetDeclHandle(const TRepositoryHandle& repository,
+                                                        const TStoredProperty* property,
+                                                        const std::string& name);
+
 }  // namespace NZANQSX20

@@ -53,8 +53,7 @@ void TPropertyHandle::SetValue(const TCIMValue& value, TContext)
 
 boost::shared_ptr<const ICIMPropertyDecl> TPropertyHandle::GetDecl(TContext)
 {
-   return boost::make_shared<TPropertyDeclHandle>(fRepository, fDeclaration,
-                                                  fInstance.GetClass().GetSlotName(fSlot));
+   return GetDeclHandle(fRepository, fDeclaration, fInstance.GetClass().GetSlotName(fSlot));
 }
 
 const TCIMValue& TPropertyHandle::GetValue()

@@ -7,12 +7,15 @@
 #include <unordered_map>
 #include <vector>
 
+#include <boost/weak_ptr.hpp>
+
 #include "store/Declarations.h"
 #include "store/TShape.h"
 #include "store/TStoredValue.h"
 
 namespace NZANQSX20 {
 
+class ICIMPropertyDecl;
 class TReportText;
 class TSchema;
 class TStoredInstance;
@@ -39,6 +42,9 @@ public:
    /// How values of this property read in a report, worked out at the first call.
    const TReportText& GetReportText() const;
 
+   /// The handle that was given out last, if somebody still holds it.
+   boost::weak_ptr<const ICIMPropertyDecl>& GetSharedHandle() const { return fSharedHandle; }
+
 private:
    friend class TStoredClass;
 
@@ -48,6 +54,7 @@ private:
    TPropertyDecl fDeclaration;
    mutable const TStoredProperty* fOverridden = nullptr;
    mutable std::unique_ptr<const TReportText> fReportText;
+   mutable boost::weak_ptr<const ICIMPropertyDecl> fSharedHandle;
 };
 
 /// A class of the schema: what it declares, what it inherits, its slots and its instances.

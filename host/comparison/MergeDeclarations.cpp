@@ -11,6 +11,7 @@ TClassDecl CopyDeclaration(const TStoredClass& storedClass)
    if (storedClass.GetSuperclass() != nullptr)
       declaration.fSuperclass = storedClass.GetSuperclass()->GetName();
    declaration.fQualifiers = storedClass.GetQualifiers();
+   declaration.fIsImplied = storedClass.IsImplied();
    for (const TStoredProperty* property : storedClass.GetOwnProperties())
       declaration.fProperties.push_back(property->GetDeclaration());
    return declaration;

@@ -123,7 +123,8 @@ private:
 
    static std::shared_ptr<TSourceText> ReadSource(const std::string& name, TInput& input)
    {
-      return std::make_shared<TSourceText>(name, ReadAll(*input.fBytes, input.fSizeHint));
+      return std::make_shared<TSourceText>(
+         name, ConvertToUtf8(name, ReadAll(*input.fBytes, input.fSizeHint)));
    }
 
    std::shared_ptr<TSourceText> OpenInclude(const TSource& including, std::size_t mark,

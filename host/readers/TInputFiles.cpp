@@ -5,6 +5,7 @@
 #include <cstring>
 #include <filesystem>
 
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -54,7 +55,7 @@ std::vector<std::string> TInputFiles::List(const std::string& path) const
 
 bool TInputFiles::IsReadable(const std::string& path)
 {
-   return ::access(path.c_str(), R_OK) == 0;
+   return ::faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) == 0;
 }
 
 bool TInputFiles::Begin(const std::string& path)

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 
 #include <fmt/format.h>
+#include <iconv.h>
 
 namespace NZANQSX20 {
 
@@ -86,6 +88,28 @@ std::size_t FindInvalidUtf8(std::string_view text)
       offset += length;
    }
    return std::string_view::npos;
+}
+
+std::string ConvertToUtf8(const std::string& name, std::string text)
+{
+   const std::string_view mark = std::string_view(text).substr(0, 2);
+   if (mark != "\xFF\xFE" && mark != "\xFE\xFF")
+      return text;
+   const auto close = [](void* converter) { iconv_close(converter); };
+   const std::unique_ptr<void, decltype(close)> converter(iconv_open("UTF-8", "UTF-16"), close);
+
+   // A unit of two bytes becomes three at most.
+   std::string converted(text.size() / 2 * 3 + 4, '\0');
+   char* input = text.data();
+   std::size_t inputLeft = text.size();
+   char* output = converted.data();
+   std::size_t outputLeft = converted.size();
+   if (iconv(converter.get(), &input, &inputLeft, &output, &outputLeft) ==
+       static_cast<std::size_t>(-1))
+      throw TReadError(
+         name, {}, fmt::format("expected UTF-16, found none at byte {}", text.size() - inputLeft));
+   converted.resize(converted.size() - outputLeft);
+   return converted;
 }
 
 void AppendUtf8(std::string& text, char32_t codePoint)

@@ -83,6 +83,10 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 /// The offset of the first byte that is no part of a valid UTF-8 character, or npos.
 std::size_t FindInvalidUtf8(std::string_view text);
 
+/// A text that begins with the byte order mark of UTF-16 as UTF-8, any other as it is.
+/// Throws: TReadError where it is no UTF-16 after all.
+std::string ConvertToUtf8(const std::string& name, std::string text);
+
 /// Appends one character as UTF-8. codePoint is no surrogate and at most 0x10FFFF.
 void AppendUtf8(std::string& text, char32_t codePoint);
 

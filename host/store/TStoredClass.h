@@ -86,6 +86,9 @@ public:
    /// Whether the class is only known as somebody's superclass.
    bool IsPlaceholder() const { return fIsPlaceholder; }
 
+   /// Whether no file declares the class: it was made because something needs it.
+   bool IsImplied() const { return fIsImplied; }
+
    /// Whether the class is this one or one of its ancestors.
    bool IsOrDerivesFrom(const TStoredClass& ancestor) const;
 

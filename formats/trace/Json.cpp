@@ -1,47 +1,32 @@
 #include "trace/Json.h"
 
-#include <boost/locale/utf.hpp>
+#include "common/Utf8.h"
 
 namespace {
 
-namespace utf = boost::locale::utf;
-
-constexpr const char* kReplacement = "\xEF\xBF\xBD";
-
-/// Moves past one character. Missing: false where there is none, and the position stays.
-bool SkipCharacter(const char*& position, const char* end)
-{
-   const char* next = position;
-   if (!utf::is_valid_codepoint(utf::utf_traits<char>::decode(next, end)))
-      return false;
-   position = next;
-   return true;
-}
-
 bool IsValid(const std::string& text)
 {
-   const char* position = text.data();
-   const char* end = position + text.size();
-   while (position != end)
-      if (!SkipCharacter(position, end))
+   const char* const end = text.data() + text.size();
+   for (const char* at = text.data(); at != end;) {
+      const TCharacter character = DecodeUtf8(at, end);
+      if (!character.fIsValid)
          return false;
+      at += character.fLength;
+   }
    return true;
 }
 
 std::string ReplaceInvalid(const std::string& text)
 {
    std::string valid;
-   const char* position = text.data();
-   const char* end = position + text.size();
-   while (position != end) {
-      const char* start = position;
-      if (SkipCharacter(position, end)) {
-         valid.append(start, position);
-      } else {
-         // One byte only: what follows a broken sequence may be a character of its own.
-         valid += kReplacement;
-         ++position;
-      }
+   const char* const end = text.data() + text.size();
+   for (const char* at = text.data(); at != end;) {
+      const TCharacter character = DecodeUtf8(at, end);
+      if (character.fIsValid)
+         valid.append(at, character.fLength);
+      else
+         valid += kReplacementCharacter;
+      at += character.fLength;
    }
    return valid;
 }

@@ -8,8 +8,8 @@
 /// Writes JSON without blanks outside strings.
 using TJsonWriter = rapidjson::Writer<rapidjson::StringBuffer>;
 
-/// Writes a text as a JSON string that is valid UTF-8 whatever the bytes: each byte that belongs to
-/// no valid sequence becomes U+FFFD.
+/// Writes a text as a JSON string that is valid UTF-8 whatever the bytes: what is no character
+/// becomes U+FFFD.
 void WriteJsonText(TJsonWriter& json, const std::string& text);
 
 /// Writes a member's name and its text.

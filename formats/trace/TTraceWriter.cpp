@@ -4,7 +4,7 @@
 
 TTraceWriter::TTraceWriter(const std::string& outputDirectory, std::string outputFormat,
                            std::string baseDirectory)
-   : fFile(outputDirectory)
+   : TTraceOutput(outputDirectory)
 {
    fOutputFormat = std::move(outputFormat);
    fBaseDirectory = std::move(baseDirectory);
@@ -13,31 +13,9 @@ TTraceWriter::TTraceWriter(const std::string& outputDirectory, std::string outpu
 void TTraceWriter::Initialize(boost::shared_ptr<ICIMNamespace> cimNamespace, TContext params,
                               std::string outputDirectory)
 {
-   fNamespace = std::move(cimNamespace);
-   fOutputDirectory = std::move(outputDirectory);
    const auto mode = params.find("mode");
    fMode = mode == params.end() ? "default" : mode->second.ToString(10);
-   fFile.WriteOperation("Initialize");
-}
-
-void TTraceWriter::BeginIndex()
-{
-   fFile.WriteOperation("BeginIndex");
-}
-
-void TTraceWriter::EndIndexGroup()
-{
-   fFile.WriteOperation("EndIndexGroup");
-}
-
-void TTraceWriter::BeginIndexGroup(std::string heading)
-{
-   fFile.WriteOperation("BeginIndexGroup", heading);
-}
-
-void TTraceWriter::EndIndex()
-{
-   fFile.WriteOperation("EndIndex");
+   TTraceOutput::Initialize(std::move(cimNamespace), std::move(params), std::move(outputDirectory));
 }
 
 void TTraceWriter::WriteRawDataLink(std::string& linkText, std::string& linkTarget)
@@ -62,45 +40,9 @@ void TTraceWriter::WriteReportPreamble()
    fFile.WriteOperation("WriteReportPreamble");
 }
 
-void TTraceWriter::OpenReportFile(std::string path)
-{
-   fFile.WriteOperation("OpenReportFile", GetTracePath(path, fOutputDirectory));
-}
-
-void TTraceWriter::CloseReportFile()
-{
-   fFile.WriteOperation("CloseReportFile");
-}
-
-void TTraceWriter::BeginReportBody()
-{
-   fFile.WriteOperation("BeginReportBody");
-}
-
-void TTraceWriter::EndReportBody()
-{
-   fFile.WriteOperation("EndReportBody");
-}
-
-void TTraceWriter::WriteReportTitle(std::string title, std::string linkText, std::string linkTarget)
-{
-   fFile.WriteOperation("WriteReportTitle", title, linkText, linkTarget);
-}
-
-void TTraceWriter::WriteIndexEntry(std::string linkName, std::string displayName,
-                                   const bool& hasData)
-{
-   fFile.WriteOperation("WriteIndexEntry", linkName, displayName, hasData);
-}
-
 void TTraceWriter::WriteTableBreak()
 {
    fFile.WriteOperation("WriteTableBreak");
-}
-
-void TTraceWriter::WriteTableTitle(std::string title, const bool& subTitle, const bool& emphasised)
-{
-   fFile.WriteOperation("WriteTableTitle", title, subTitle, emphasised);
 }
 
 void TTraceWriter::BeginColumnTable(std::string tableWidth, std::string caption, bool sortable)
@@ -203,22 +145,7 @@ void TTraceWriter::WriteEventLogTable(TInstances instances, std::string title, s
    fFile.WriteOperation("WriteEventLogTable", instances, title, linkName);
 }
 
-void TTraceWriter::WriteGrid(TTableGrid* grid)
-{
-   fFile.WriteOperation("WriteGrid", *grid);
-}
-
 void TTraceWriter::WriteCadenzaHeader()
 {
    fFile.WriteOperation("WriteCadenzaHeader");
-}
-
-std::string TTraceWriter::GetArrayValueSeparatorText(TReportProperty::ArrayValueSeparator separator)
-{
-   return GetTraceSeparatorText(separator);
-}
-
-std::string TTraceWriter::EncodeValueText(std::string text)
-{
-   return EncodeTraceText(text);
 }

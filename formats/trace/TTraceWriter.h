@@ -1,42 +1,27 @@
 #pragma once
 
-#include "trace/TraceFile.h"
+#include "trace/TTraceOutput.h"
 #include "writer/TWriter.h"
 
 /// Records the output operations of a run instead of rendering them, for tests and for those who
 /// write a concrete writer of their own.
 ///
 /// It reads nothing from the store but what names the arguments. Its file is trace.ndjson in the
-/// output directory; it writes no other. Log lines reach it through GetFile(), from a sink that the
-/// caller puts on the host's logger.
-class TTraceWriter : public TWriter
+/// output directory; it writes no other.
+class TTraceWriter : public TTraceOutput<TWriter>
 {
 public:
-   /// Throws: std::system_error when the file can't be created in the directory.
+   /// Throws: TOutputError when the file can't be created in the directory.
    TTraceWriter(const std::string& outputDirectory, std::string outputFormat,
                 std::string baseDirectory);
 
-   TTraceFile& GetFile() { return fFile; }
-
    void Initialize(boost::shared_ptr<ICIMNamespace> cimNamespace, TContext params,
                    std::string outputDirectory) override;
-   void BeginIndex() override;
-   void EndIndexGroup() override;
-   void BeginIndexGroup(std::string heading) override;
-   void EndIndex() override;
    void WriteRawDataLink(std::string& linkText, std::string& linkTarget) override;
    void WriteEventLogReport(TReportParameters params) override;
    void WriteMergedLogReport(TReportParameters params) override;
    void WriteReportPreamble() override;
-   void OpenReportFile(std::string path) override;
-   void CloseReportFile() override;
-   void BeginReportBody() override;
-   void EndReportBody() override;
-   void WriteReportTitle(std::string title, std::string linkText, std::string linkTarget) override;
-   void WriteIndexEntry(std::string linkName, std::string displayName,
-                        const bool& hasData) override;
    void WriteTableBreak() override;
-   void WriteTableTitle(std::string title, const bool& subTitle, const bool& emphasised) override;
    void BeginColumnTable(std::string tableWidth, std::string caption, bool sortable) override;
    void BeginRowTable(std::string tableWidth, std::string labelColumnWidth,
                       std::string caption) override;
@@ -63,11 +48,5 @@ public:
    void WriteRegisterValueCell(boost::shared_ptr<ICIMInstance> instance,
                                boost::shared_ptr<ICIMProperty> property) override;
    void WriteEventLogTable(TInstances instances, std::string title, std::string linkName) override;
-   void WriteGrid(TTableGrid* grid) override;
    void WriteCadenzaHeader() override;
-   std::string GetArrayValueSeparatorText(TReportProperty::ArrayValueSeparator separator) override;
-   std::string EncodeValueText(std::string text) override;
-
-private:
-   TTraceFile fFile;
 };

@@ -1,15 +1,8 @@
 #include "trace/TraceFile.h"
 
-#include <cerrno>
-#include <system_error>
-
 TTraceFile::TTraceFile(const std::string& directory)
-   : fPath(directory + TOSSpecific::kFileSeparator + kName),
-     fStream(fPath, std::ios::binary | std::ios::trunc)
-{
-   if (!fStream)
-      throw std::system_error(errno, std::generic_category(), fPath);
-}
+   : fFile(directory + TOSSpecific::kFileSeparator + kName)
+{}
 
 void TTraceFile::WriteLogLine(int level, const std::string& text)
 {
@@ -44,18 +37,11 @@ void TTraceFile::WriteEnd(const std::exception& failure)
 
 void TTraceFile::Finish()
 {
-   errno = 0;
-   fStream.close();
-   if (!fStream && fError == 0)
-      fError = errno != 0 ? errno : EIO;
-   if (fError != 0)
-      throw std::system_error(fError, std::generic_category(), fPath);
+   fFile.Close();
 }
 
 void TTraceFile::WriteLine(const rapidjson::StringBuffer& line)
 {
-   errno = 0;
-   fStream.write(line.GetString(), static_cast<std::streamsize>(line.GetSize())).put('\n');
-   if (!fStream && fError == 0)
-      fError = errno != 0 ? errno : EIO;
+   fFile.Write({line.GetString(), line.GetSize()});
+   fFile.Write("\n");
 }

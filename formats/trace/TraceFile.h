@@ -1,19 +1,18 @@
 #pragma once
 
-#include <fstream>
 #include <string>
 
+#include "common/OutputFile.h"
 #include "trace/TraceArguments.h"
 
 /// The file of a traced run: one JSON object a line, in the order of the calls.
 ///
-/// Missing: a write that fails raises nothing, as no output operation may; Finish tells it.
+/// Throws: TOutputError when the file can't be created or written.
 class TTraceFile
 {
 public:
    static constexpr const char* kName = "trace.ndjson";
 
-   /// Throws: std::system_error when the file can't be created.
    explicit TTraceFile(const std::string& directory);
 
    /// {"op":"WriteTableTitle","args":["Memory",false,false]}
@@ -39,7 +38,7 @@ public:
    /// The last line of a run that any other failure ended: the status is null, "text" tells it.
    void WriteEnd(const std::exception& failure);
 
-   /// Closes the file. Throws: std::system_error when a line could not be written.
+   /// Closes the file; lines may reach it no earlier.
    void Finish();
 
 private:
@@ -58,8 +57,5 @@ private:
 
    void WriteLine(const rapidjson::StringBuffer& line);
 
-   std::string fPath;
-   std::ofstream fStream;
-   /// The system's number of the first failed write; 0 while there is none.
-   int fError = 0;
+   TOutputFile fFile;
 };

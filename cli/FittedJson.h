@@ -1,0 +1,7 @@
+#pragma once
+
+#include <string>
+
+/// Compact JSON laid out to be read: what fits a line of some 100 characters stays on one, all else
+/// has a member or element a line. Throws: nothing; the text must be valid JSON.
+std::string FitJson(const std::string& compact);

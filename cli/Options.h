@@ -1,0 +1,65 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Formats.h"
+#include "TCIMValue.h"
+
+enum class ECommand
+{
+   kReport,
+   kCompare,
+   kHypervisor,
+   kCatalogue,
+   kCheck
+};
+
+/// One --format: the format and the name behind its colon.
+struct TFormatChoice
+{
+   const TFormat* fFormat = nullptr;
+   std::string fName;
+};
+
+/// The command line, checked.
+struct TOptions
+{
+   ECommand fCommand = ECommand::kReport;
+   /// compare: the base first.
+   std::vector<std::string> fCollections;
+
+   /// compare: the collection that holds the findings, or empty.
+   std::string fFindings;
+   /// compare: the properties that are not compared, "Class.Property" or "Property".
+   std::vector<std::string> fIgnored;
+   /// compare: differences give an exit code of their own.
+   bool fExitCode = false;
+   /// catalogue: the definitions of the hypervisor's variant.
+   bool fHypervisor = false;
+
+   std::string fOutput;
+   bool fForce = false;
+   std::vector<TFormatChoice> fFormats;
+
+   std::optional<std::string> fMode;
+   bool fKMC = false;
+   std::string fBaseDirectory;
+   bool fStrict = false;
+   std::string fIPMIAddress;
+
+   std::string fLogFile;
+   int fLogLevel = 2;
+   bool fVerbose = false;
+   bool fQuiet = false;
+   bool fNoColor = false;
+};
+
+/// The run parameters that the options ask for: "mode" and "KMC".
+NZANQSX20::TContext GetRunParameters(const TOptions& options);
+
+/// Reads the command line.
+/// Missing: nothing when the call only asked for help or the version, which is then printed.
+/// Throws: TCommandFailure for a wrong use, with a hint in the message.
+std::optional<TOptions> ParseOptions(int argc, char** argv);

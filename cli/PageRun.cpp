@@ -1,0 +1,175 @@
+#include "PageRun.h"
+
+#include <cstdlib>
+#include <ctime>
+
+#include <fmt/chrono.h>
+#include <fmt/format.h>
+
+#include "CommandFailure.h"
+#include "Console.h"
+#include "Options.h"
+#include "OutputFolder.h"
+#include "RunLog.h"
+#include "TQSXException.h"
+#include "services/TCoreLogger.h"
+
+using NZANQSX20::TQSXException;
+
+namespace {
+
+std::string DescribeFailure(const TQSXException& failure)
+{
+   return fmt::format("the run failed: {} (status {})", failure.what(),
+                      failure.fStatusCode.fStatusCode);
+}
+
+std::string DescribeSource(const TOptions& options)
+{
+   std::string text;
+   for (const std::string& collection : options.fCollections)
+      text += (text.empty() ? "" : ", ") + (collection == "-" ? "standard input" : collection);
+   return text;
+}
+
+/// The local time, or the time in UTC that SOURCE_DATE_EPOCH asks for, so that pages can be equal.
+std::string DescribeTime()
+{
+   const char* epoch = std::getenv("SOURCE_DATE_EPOCH");
+   const std::time_t time =
+      epoch != nullptr ? std::strtoll(epoch, nullptr, 10) : std::time(nullptr);
+   std::tm parts = {};
+   epoch != nullptr ? gmtime_r(&time, &parts) : localtime_r(&time, &parts);
+   return fmt::format("{:%Y-%m-%d %H:%M}{}", parts, epoch != nullptr ? " UTC" : "");
+}
+
+/// Hands every core log line to the run.
+class TRunListener : public NZANQSX20::TLogger
+{
+public:
+   explicit TRunListener(IFormatRun& run) : fRun(run) {}
+
+   bool IsLevelEnabled(int /*level*/) const override { return true; }
+
+   void Log(int level, const std::string& text) override { fRun.OnLogLine(level, text); }
+
+private:
+   IFormatRun& fRun;
+};
+
+/// One run of the library in one format. Throws: TCommandFailure.
+class TFormatRunner
+{
+public:
+   TFormatRunner(const TOptions& options, TConsole& console, TOutputFolder& folder)
+      : fOptions(options), fConsole(console), fFolder(folder)
+   {}
+
+   void Run(const TFormatChoice& choice, const TRunInFormat& runInFormat)
+   {
+      TWriterSettings settings;
+      settings.fOutputDirectory = fFolder.GetWorkFolder(GetSubfolder(choice));
+      settings.fFormatName = choice.fName;
+      settings.fBaseDirectory = fOptions.fBaseDirectory;
+      settings.fSource = DescribeSource(fOptions);
+      settings.fWritten = DescribeTime();
+      settings.fProgram = std::string("qsxreport ") + QSX_VERSION;
+      settings.fOnPage = [this](const std::string& page) { fConsole.Progress("Writing " + page); };
+      try {
+         runInFormat(*choice.fFormat, settings);
+      } catch (const TQSXException& failure) {
+         throw TCommandFailure(kExitRun, DescribeFailure(failure));
+      } catch (const std::exception& failure) {
+         throw TCommandFailure(kExitRun, fFolder.NameTarget(failure.what()));
+      }
+   }
+
+   /// Several formats have a folder each.
+   std::string GetSubfolder(const TFormatChoice& choice) const
+   {
+      return fOptions.fFormats.size() > 1 ? choice.fFormat->fName : "";
+   }
+
+private:
+   const TOptions& fOptions;
+   TConsole& fConsole;
+   TOutputFolder& fFolder;
+};
+
+/// Puts the files that outlive a failed run into the target.
+void KeepFiles(const TOptions& options, const TFormatRunner& runner, TOutputFolder& folder)
+{
+   for (const TFormatChoice& choice : options.fFormats) {
+      const std::string subfolder = runner.GetSubfolder(choice);
+      const char* name = choice.fFormat->fKeptFile;
+      if (name != nullptr && folder.HasFile(subfolder, name))
+         folder.PublishFile(subfolder, name);
+   }
+}
+
+std::vector<std::string> GetInputs(const TOptions& options)
+{
+   std::vector<std::string> inputs = options.fCollections;
+   inputs.push_back(options.fFindings);
+   inputs.push_back(options.fLogFile);
+   return inputs;
+}
+
+void TellErrors(const TRunLog& log, TConsole& console)
+{
+   const int errors = log.CountErrors();
+   if (errors == 1)
+      console.Warning("1 result is missing or unsorted; -v tells which");
+   else if (errors > 1)
+      console.Warning(fmt::format("{} results are missing or unsorted; -v tells which", errors));
+}
+
+void TellEntry(const TOptions& options, const TFormatRunner& runner, TConsole& console)
+{
+   for (const TFormatChoice& choice : options.fFormats) {
+      const std::string subfolder = runner.GetSubfolder(choice);
+      console.Note(fmt::format("wrote {}/{}{}{}", options.fOutput, subfolder,
+                               subfolder.empty() ? "" : "/", choice.fFormat->fEntryFile));
+   }
+}
+
+}  // namespace
+
+void WriteFormats(const TOptions& options, TConsole& console,
+                  const std::function<TRunInFormat(TRunLog& log)>& read)
+{
+   TRunLog log(options, console);
+   TOutputFolder folder(options.fOutput, options.fForce, GetInputs(options));
+   TFormatRunner runner(options, console, folder);
+   try {
+      for (const TFormatChoice& choice : options.fFormats) {
+         const TRunInFormat runInFormat = read(log);
+         if (!folder.IsStaged())
+            folder.Stage();
+         runner.Run(choice, runInFormat);
+      }
+      folder.Publish();
+   } catch (const TCommandFailure&) {
+      if (folder.IsStaged())
+         KeepFiles(options, runner, folder);
+      throw;
+   }
+   log.Finish();
+   TellErrors(log, console);
+   TellEntry(options, runner, console);
+}
+
+void RunFormat(IFormatRun& run, TRunLog& log, const std::function<void()>& write)
+{
+   try {
+      const TOutputDiversion diversion(log);
+      TRunListener listener(run);
+      const NZANQSX20::TLogAttachment listening(listener);
+      const NZANQSX20::TLogAttachment logging(log);
+      write();
+   } catch (const std::exception& failure) {
+      run.Fail(failure);
+      throw;
+   }
+   run.Finish();
+}

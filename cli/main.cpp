@@ -1,0 +1,78 @@
+#include <csignal>
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <new>
+#include <string>
+
+#include "CatalogueCommand.h"
+#include "CheckCommand.h"
+#include "CommandFailure.h"
+#include "CompareCommand.h"
+#include "Console.h"
+#include "HypervisorCommand.h"
+#include "Options.h"
+#include "ReportCommand.h"
+#include "readers/TReadError.h"
+
+namespace {
+
+EExitCode RunCommand(const TOptions& options, TConsole& console)
+{
+   switch (options.fCommand) {
+      case ECommand::kReport:
+         return RunReportCommand(options, console);
+      case ECommand::kCompare:
+         return RunCompareCommand(options, console);
+      case ECommand::kHypervisor:
+         return RunHypervisorCommand(options, console);
+      case ECommand::kCatalogue:
+         return RunCatalogueCommand(options, console);
+      case ECommand::kCheck:
+         return RunCheckCommand(options, console);
+   }
+   return kExitUsage;
+}
+
+/// Runs it and tells its failure. Every failure has an exit code; none leaves the program
+/// otherwise.
+int RunAndTell(const TOptions& options, TConsole& console)
+{
+   try {
+      const EExitCode exitCode = RunCommand(options, console);
+      std::cout.flush();
+      if (!std::cout)
+         throw TCommandFailure(kExitRun, "standard output can't be written");
+      return exitCode;
+   } catch (const TCommandFailure& failure) {
+      console.Error(failure.what());
+      return failure.GetExitCode();
+   } catch (const NZANQSX20::TReadError& failure) {
+      console.ErrorInFile(failure.what());
+      return kExitInput;
+   } catch (const std::bad_alloc&) {
+      console.Error("out of memory");
+      return kExitRun;
+   } catch (const std::exception& failure) {
+      console.Error(failure.what());
+      return kExitRun;
+   }
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+   // A file that reaches the size limit is to fail as a full disk does, with a message.
+   std::signal(SIGXFSZ, SIG_IGN);
+   try {
+      const std::optional<TOptions> options = ParseOptions(argc, argv);
+      if (!options)
+         return kExitDone;
+      TConsole console(options->fQuiet, !options->fNoColor);
+      return RunAndTell(*options, console);
+   } catch (const TCommandFailure& failure) {
+      TConsole(false, true).Error(failure.what());
+      return failure.GetExitCode();
+   }
+}

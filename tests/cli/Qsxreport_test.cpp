@@ -1,0 +1,223 @@
+#include "cli/TToolRun.h"
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+namespace {
+
+constexpr const char* kServer =
+   "class ZANSG_ComputerSystem { [Key] string Name; };\n"
+   "instance of ZANSG_ComputerSystem { Name = \"srv1\"; };\n";
+
+constexpr int kUsage = 2;
+constexpr int kInput = 3;
+constexpr int kRun = 4;
+
+class Qsxreport : public TToolTest
+{
+protected:
+   Qsxreport() { Write("server.mof", kServer); }
+
+   std::string fTrace = "report server.mof --format trace -o out ";
+};
+
+}  // namespace
+
+TEST_F(Qsxreport, KeepsStandardOutputForResults)
+{
+   const TResult result = Run(fTrace);
+   EXPECT_EQ(0, result.fExitCode) << result.fError;
+   EXPECT_THAT(result.fOutput, IsEmpty());
+   EXPECT_EQ("qsxreport: wrote out/trace.ndjson\n", result.fError);
+   EXPECT_EQ("trace.ndjson", List("out"));
+   EXPECT_THAT(Read("out/trace.ndjson"),
+               StartsWith("{\"log\":3,\"text\":\"Report - GetOSType: Unknown\"}\n"));
+   EXPECT_THAT(Read("out/trace.ndjson"), EndsWith("{\"end\":\"ok\"}\n"));
+}
+
+TEST_F(Qsxreport, SaysNothingWhenQuiet)
+{
+   const TResult result = Run(fTrace + "--quiet");
+   EXPECT_EQ(0, result.fExitCode);
+   EXPECT_THAT(result.fOutput + result.fError, IsEmpty());
+}
+
+TEST_F(Qsxreport, ReadsStandardInput)
+{
+   EXPECT_EQ(0, Run("report - --format trace -o out < server.mof").fExitCode);
+   EXPECT_THAT(Read("out/trace.ndjson"), HasSubstr("srv1"));
+}
+
+TEST_F(Qsxreport, WritesCoreLogLinesUpToALevel)
+{
+   EXPECT_EQ(0, Run(fTrace + "--log quiet.log").fExitCode);
+   EXPECT_THAT(Read("quiet.log"), Not(HasSubstr("trace: ")));
+   const TResult result = Run(fTrace + "--force --log loud.log --log-level 3 -v");
+   EXPECT_THAT(Read("loud.log"), HasSubstr("trace: Entering TWriter::BaseInitialize\n"));
+   EXPECT_THAT(result.fError, HasSubstr("trace: Entering TWriter::BaseInitialize\n"));
+}
+
+TEST_F(Qsxreport, TellsAWrongUse)
+{
+   const struct
+   {
+      const char* fArguments;
+      const char* fHint;
+   } cases[] = {
+      {"", "'qsxreport --help'"},
+      {"reprot server.mof -o out", "did you mean 'report'?"},
+      {"report server.mof --outptu out", "did you mean '--output'?"},
+      {"report server.mof -o out --format trac", "did you mean 'trace'?"},
+      {"report server.mof -o out --format trace --format trace:x", "given twice"},
+      {"report server.mof", "--output DIR"},
+      {"report -o out", "no COLLECTION"},
+      {"report - - -o out", "once only"},
+      {"report server.mof -o out --log-level high", "--log-level"},
+   };
+
+   for (const auto& row : cases) {
+      const TResult result = Run(row.fArguments);
+      EXPECT_EQ(kUsage, result.fExitCode) << row.fArguments;
+      EXPECT_THAT(result.fError, HasSubstr(row.fHint));
+      EXPECT_THAT(result.fOutput, IsEmpty());
+   }
+   EXPECT_EQ("server.mof", List());
+}
+
+TEST_F(Qsxreport, PrintsHelpAndVersionAsResults)
+{
+   for (const char* arguments : {"--help", "report --help", "catalogue -h", "--version"}) {
+      const TResult result = Run(arguments);
+      EXPECT_EQ(0, result.fExitCode) << arguments;
+      EXPECT_THAT(result.fOutput, HasSubstr("qsxreport"));
+      EXPECT_THAT(result.fError, IsEmpty());
+   }
+}
+
+TEST_F(Qsxreport, NamesThePlaceOfBadInput)
+{
+   Write("cut.mof", "class A {\n  string Na");
+   Write("wrong.mof", "class A { uint8 N; };\ninstance of A { N = 256; };\n");
+
+   const struct
+   {
+      const char* fInput;
+      const char* fMessage;
+   } cases[] = {
+      {"cut.mof", "cut.mof:2:"},
+      {"wrong.mof", "wrong.mof:2:21: "},
+      {"absent.mof", "absent.mof: "},
+      {"- < /dev/null", ""},
+   };
+
+   for (const auto& row : cases) {
+      const TResult result = Run("report --format trace -o out " + std::string(row.fInput));
+      if (*row.fMessage == '\0')
+         continue;
+      EXPECT_EQ(kInput, result.fExitCode) << row.fInput;
+      EXPECT_THAT(result.fError, StartsWith(row.fMessage));
+      EXPECT_FALSE(std::filesystem::exists(fFolder + "/out"));
+   }
+}
+
+TEST_F(Qsxreport, LeavesAFolderThatItMayNotReplace)
+{
+   ASSERT_EQ(0, Run("check server.mof").fExitCode);
+   std::filesystem::create_directory(fFolder + "/out");
+   Write("out/mine", "kept");
+   const TResult refused = Run(fTrace);
+   EXPECT_EQ(kRun, refused.fExitCode);
+   EXPECT_THAT(refused.fError, HasSubstr("--force"));
+   EXPECT_EQ("mine", List("out"));
+
+   EXPECT_EQ(0, Run(fTrace + "--force").fExitCode);
+   EXPECT_EQ("trace.ndjson", List("out"));
+   EXPECT_EQ("out server.mof", List()) << "what was replaced or staged is gone";
+}
+
+TEST_F(Qsxreport, RefusesOutputFoldersThatWouldCostTheUserData)
+{
+   std::filesystem::create_directory(fFolder + "/data");
+   Write("data/server.mof", kServer);
+   std::filesystem::create_directory_symlink(fFolder + "/data", fFolder + "/link");
+
+   const struct
+   {
+      const char* fArguments;
+      const char* fReason;
+   } cases[] = {
+      {"data/server.mof -o data", "holds the input data/server.mof"},
+      {"server.mof -o .", "name of its own"},
+      {"server.mof -o '../../'", "name of its own"},
+      {"server.mof -o \"$PWD\"", "holds the current folder"},
+      {"server.mof -o link/", "symbolic link"},
+      {"server.mof -o server.mof", "Not a directory"},
+      {"server.mof -o server.mof/out", "Not a directory"},
+      {"server.mof -o /proc/out", ""},
+   };
+
+   for (const auto& row : cases) {
+      const TResult result = Run("report --force --format trace " + std::string(row.fArguments));
+      EXPECT_EQ(kRun, result.fExitCode) << row.fArguments;
+      EXPECT_THAT(result.fError, HasSubstr(row.fReason));
+   }
+   EXPECT_EQ("data link server.mof", List());
+   EXPECT_EQ("server.mof", List("data"));
+}
+
+TEST_F(Qsxreport, LeavesWhatWasThereWhenTheDiskIsFull)
+{
+   std::filesystem::create_directory(fFolder + "/out");
+   Write("out/mine", "kept");
+   // A file size limit fails as a full disk does.
+   const TResult result = Run("report server.mof --force --format trace -o out", "ulimit -f 1;");
+   EXPECT_EQ(kRun, result.fExitCode);
+   EXPECT_THAT(result.fError, HasSubstr("out/trace.ndjson"));
+   EXPECT_THAT(List("out"), StartsWith("mine"));
+   EXPECT_EQ("out server.mof", List());
+}
+
+TEST_F(Qsxreport, GivesTheFolderTheModeOfTheUser)
+{
+   ASSERT_EQ(0, Run(fTrace, "umask 027;").fExitCode);
+   using std::filesystem::perms;
+   EXPECT_EQ(perms::owner_all | perms::group_read | perms::group_exec,
+             std::filesystem::status(fFolder + "/out").permissions());
+}
+
+TEST_F(Qsxreport, KeepsTheTraceOfAFailedRun)
+{
+   // The name of an update result that is no text can't be sorted by.
+   Write("bad.mof", kServer + std::string("class ZANSG_PSResult { [Key] uint32 Id; uint32 Name; "
+                                          "string Type; };\n"
+                                          "instance of ZANSG_PSResult { Id = 1; Name = 1; };\n"
+                                          "instance of ZANSG_PSResult { Id = 2; Name = 2; };\n"));
+   std::filesystem::create_directory(fFolder + "/out");
+   Write("out/mine", "kept");
+   const TResult result = Run("report bad.mof --force --format trace -o out");
+   EXPECT_EQ(kRun, result.fExitCode);
+   EXPECT_THAT(result.fError, HasSubstr("the run failed: Type mismatch (status 13)"));
+   EXPECT_EQ("mine trace.ndjson", List("out"));
+   EXPECT_THAT(Read("out/trace.ndjson"), EndsWith("{\"end\":\"exception\",\"status\":13}\n"));
+}
+
+TEST_F(Qsxreport, RemovesTheStagingFolderWhenInterrupted)
+{
+   std::string processes = "class ZANSG_Process { [Key] string Name; };\n";
+   for (int i = 0; i < 3000; ++i)
+      processes += "instance of ZANSG_Process { Name = \"p" + std::to_string(i) + "\"; };\n";
+   Write("server.mof", kServer + processes);
+   // Each missing property is a log line, into a pipe that nobody empties: the run stands still.
+   const TResult result = RunShell(
+      "mkfifo log; sleep 60 <log & reader=$!\n"
+      "'" QSX_TOOL "' " +
+      fTrace +
+      "-v 2>log & tool=$!\n"
+      "for i in 1 2 3 4 5 6 7 8 9; do ls -d .out.* && break; sleep 1; done\n"
+      "kill -TERM $tool; wait $tool; code=$?; kill $reader; exit $code");
+   EXPECT_EQ(128 + SIGTERM, result.fExitCode);
+   EXPECT_EQ("log server.mof", List());
+}

@@ -26,6 +26,20 @@ bool IsComplete(const TStoredClass& storedClass)
    return true;
 }
 
+/// Whether more classes than the limit lie above each other, this one the lowest.
+bool IsDeeperThan(std::size_t limit, const TStoredClass* storedClass)
+{
+   std::size_t depth = 0;
+   for (; storedClass != nullptr && depth <= limit; storedClass = storedClass->GetSuperclass())
+      ++depth;
+   return depth > limit;
+}
+
+std::string DescribeDepth(std::size_t limit)
+{
+   return fmt::format("expected at most {} classes above each other, found more", limit);
+}
+
 }  // namespace
 
 TCollectionBuilder::TCollectionBuilder(boost::shared_ptr<TMemoryStore> store,
@@ -51,7 +65,11 @@ void TCollectionBuilder::AddClass(const TObjectDraft& draft, const TSource& sour
    fKnownClasses.clear();
    fLastKnown = nullptr;
    TSchema& schema = fStore->GetSchema();
-   if (!draft.fSuperclass.empty() && schema.Find(draft.fSuperclass) == nullptr)
+   const TStoredClass* const superclass = schema.Find(draft.fSuperclass);
+   // Before the declaration: the schema walks up the whole chain for each.
+   if (IsDeeperThan(fLimits.fDepth - 1, superclass))
+      source.Fail(draft.fMark, DescribeDepth(fLimits.fDepth));
+   if (!draft.fSuperclass.empty() && superclass == nullptr)
       fNamedSuperclasses.emplace(draft.fSuperclass,
                                  std::make_pair(source.GetName(), source.Locate(draft.fMark)));
    switch (schema.Declare(fDeclarations.ReadClass(draft, source))) {
@@ -201,16 +219,12 @@ void TCollectionBuilder::Store(const TObjectDraft& draft, const TSource& source,
                      draft.fAlias));
 }
 
+/// Superclasses that came after their subclasses can join short chains to a long one.
 void TCollectionBuilder::CheckDepthOfClasses() const
 {
-   for (const TStoredClass* storedClass : fStore->GetSchema().GetClasses()) {
-      std::size_t depth = 0;
-      for (const TStoredClass* each = storedClass; each != nullptr; each = each->GetSuperclass())
-         if (++depth > fLimits.fDepth)
-            throw TReadError(storedClass->GetName(), {},
-                             fmt::format("expected at most {} classes above each other, found more",
-                                         fLimits.fDepth));
-   }
+   for (const TStoredClass* storedClass : fStore->GetSchema().GetClasses())
+      if (IsDeeperThan(fLimits.fDepth, storedClass))
+         throw TReadError(storedClass->GetName(), {}, DescribeDepth(fLimits.fDepth));
 }
 
 void TCollectionBuilder::WarnOfPlaceholders()

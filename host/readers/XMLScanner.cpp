@@ -158,13 +158,27 @@ private:
    static int ReadBytes(void* self, char* buffer, int size)
    {
       try {
-         return static_cast<int>(Self(self).fBytes.Read(buffer, static_cast<std::size_t>(size)));
+         return static_cast<int>(Self(self).Take(buffer, static_cast<std::size_t>(size)));
       } catch (...) {
          // The parser is in the middle of its own buffer here: it ends by itself on -1.
          if (!Self(self).fFailure)
             Self(self).fFailure = std::current_exception();
          return -1;
       }
+   }
+
+   /// libxml2 asks for some 4,000 bytes at a time: one system call serves many of them.
+   std::size_t Take(char* buffer, std::size_t size)
+   {
+      if (fTaken == fRead) {
+         fBlock.resize(kBlockBytes);
+         fRead = fBytes.Read(fBlock.data(), fBlock.size());
+         fTaken = 0;
+      }
+      const std::size_t count = std::min(size, fRead - fTaken);
+      std::memcpy(buffer, fBlock.data() + fTaken, count);
+      fTaken += count;
+      return count;
    }
 
    static void StartElement(void* self, const xmlChar* name, const xmlChar*, const xmlChar*, int,
@@ -252,7 +266,12 @@ private:
       });
    }
 
+   static constexpr std::size_t kBlockBytes = 128 * 1024;
+
    TByteSource& fBytes;
+   std::vector<char> fBlock;
+   std::size_t fRead = 0;
+   std::size_t fTaken = 0;
    const std::string& fName;
    TXMLHandler& fHandler;
    TNameCache fNames;

@@ -5,11 +5,12 @@ OUT ?= out/report
 
 TOOL := build/release/bin/qsxreport
 
-.PHONY: help report build test sanitize setup format clean
+.PHONY: help report hypervisor build test sanitize setup format clean
 
 help:
 	@echo "make report                          pages of the example machine"
 	@echo "make report COLLECTION=path OUT=dir  pages of your own collection"
+	@echo "make hypervisor                      pages of the example hypervisor host"
 	@echo "make build                           the tool: $(TOOL)"
 	@echo "make test                            all tests"
 	@echo "make sanitize                        all tests under AddressSanitizer and UBSan"
@@ -17,6 +18,10 @@ help:
 report: build
 	@$(TOOL) report $(COLLECTION) -o $(OUT) --force
 	@echo "Pages: file://$(abspath $(OUT))/index.html"
+
+hypervisor: build
+	@$(TOOL) hypervisor examples/esxi-host -o out/hypervisor --force
+	@echo "Pages: file://$(abspath out/hypervisor)/index.html"
 
 build: build/release/build.ninja
 	@cmake --build --preset release --target qsxreport -- --quiet

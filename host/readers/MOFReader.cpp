@@ -1,14 +1,11 @@
 #include "readers/MOFReader.h"
 
-#include <optional>
 #include <utility>
 #include <vector>
 
 #include <fmt/format.h>
 
-#include "readers/MOFGrammar.h"
-#include "readers/MOFText.h"
-#include "readers/ReadValue.h"
+#include "readers/MOFActions.h"
 
 namespace NZANQSX20 {
 
@@ -18,413 +15,6 @@ namespace NGrammar = NMOFGrammar;
 namespace peg = tao::pegtl;
 
 using TInput = peg::memory_input<peg::tracking_mode::lazy, peg::eol::lf, std::string>;
-using ECIMType = TCIMValue::ECIMType;
-
-/// What the actions fill while one production is parsed.
-class TProductionState
-{
-public:
-   TProductionState(TSourceText& source, TObjectDraft& draft) : fSource(source), fDraft(draft) {}
-
-   enum EKind
-   {
-      kNothing,
-      kClass,
-      kInstance,
-      kQualifier,
-      kInclude
-   };
-
-   void Begin()
-   {
-      fKind = kNothing;
-      fDraft.Clear();
-      fIsArray = fIsArrayType = fIsReference = false;
-      fPragmaName = {};
-   }
-
-   std::size_t GetMark(const char* at) const
-   {
-      return static_cast<std::size_t>(at - fSource.GetText().data());
-   }
-
-   void AddValue(TValueDraft::EForm form, std::string_view text, const char* at)
-   {
-      fDraft.AddValue(fSource, {form, text, GetMark(at)});
-   }
-
-   // The last initializer, kept until the rule that it belongs to is complete.
-   TValuesDraft TakeInitializer()
-   {
-      TValuesDraft values = std::exchange(fInitializer, {});
-      return values;
-   }
-
-   TSourceText& fSource;
-   TObjectDraft& fDraft;
-   EKind fKind = kNothing;
-   bool fIsArray = false;
-   TValuesDraft fInitializer;
-   std::size_t fTextMark = 0;
-
-   // The member that is being read.
-   std::string_view fTypeName;
-   std::size_t fTypeMark = 0;
-   std::string_view fMemberName;
-   std::size_t fMemberMark = 0;
-   bool fIsReference = false;
-   bool fIsArrayType = false;
-   std::uint32_t fFirstQualifier = 0;
-   std::uint32_t fFirstValue = 0;
-
-   std::string_view fPragmaName;
-};
-
-using TState = TProductionState;
-
-template <typename Rule>
-struct TAction : peg::nothing<Rule>
-{};
-
-/// The type that a name stands for. Throws: TReadError for a name that is no type.
-ECIMType RequireType(const TSource& source, std::size_t mark, std::string_view name)
-{
-   ECIMType type = TCIMValue::TCIMType::kNull;
-   if (!FindCIMType(name, type) || type == TCIMValue::TCIMType::kReference)
-      source.Fail(mark, fmt::format("expected a type or a class before 'ref', found {}",
-                                    QuoteForMessage(name)));
-   return type;
-}
-
-// Values.
-
-template <>
-struct TAction<NGrammar::TOpenQuote>
-{
-   template <typename Input>
-   static void apply(const Input& in, TState& state)
-   {
-      state.fTextMark = state.GetMark(in.begin());
-   }
-};
-
-template <>
-struct TAction<NGrammar::TBeginInitializer>
-{
-   static void apply0(TState& state)
-   {
-      state.fIsArray = false;
-      state.fDraft.BeginValues();
-   }
-};
-
-template <>
-struct TAction<NGrammar::TOpenArray>
-{
-   static void apply0(TState& state) { state.fIsArray = true; }
-};
-
-template <>
-struct TAction<NGrammar::TInitializer>
-{
-   static void apply0(TState& state)
-   {
-      state.fInitializer = state.fDraft.EndValues(state.fIsArray);
-   }
-};
-
-template <>
-struct TAction<NGrammar::TExpectInitializer> : TAction<NGrammar::TInitializer>
-{};
-
-template <TValueDraft::EForm Form>
-struct TLiteralAction
-{
-   template <typename Input>
-   static void apply(const Input& in, TState& state)
-   {
-      state.AddValue(Form, {in.begin(), in.size()}, in.begin());
-   }
-};
-
-template <>
-struct TAction<NGrammar::TInteger> : TLiteralAction<TValueDraft::kInteger>
-{};
-
-template <>
-struct TAction<NGrammar::TReal> : TLiteralAction<TValueDraft::kReal>
-{};
-
-template <>
-struct TAction<NGrammar::TBoolean> : TLiteralAction<TValueDraft::kBoolean>
-{};
-
-template <>
-struct TAction<NGrammar::TNull> : TLiteralAction<TValueDraft::kNull>
-{};
-
-template <>
-struct TAction<NGrammar::TExpectAliasName> : TLiteralAction<TValueDraft::kAlias>
-{};
-
-template <>
-struct TAction<NGrammar::TText>
-{
-   template <typename Input>
-   static void apply(const Input& in, TState& state)
-   {
-      const std::string_view literals(in.begin(), in.size());
-      state.AddValue(TValueDraft::kText,
-                     ReadMOFText(literals, state.fSource, state.GetMark(in.begin()), state.fDraft),
-                     in.begin());
-   }
-};
-
-template <>
-struct TAction<NGrammar::TCharacter>
-{
-   template <typename Input>
-   static void apply(const Input& in, TState& state)
-   {
-      const std::string_view literal(in.begin(), in.size());
-      state.AddValue(TValueDraft::kCharacter,
-                     ReadMOFText(literal, state.fSource, state.GetMark(in.begin()), state.fDraft),
-                     in.begin());
-   }
-};
-
-// Qualifiers.
-
-template <>
-struct TAction<NGrammar::TQualifierName>
-{
-   template <typename Input>
-   static void apply(const Input& in, TState& state)
-   {
-      TQualifierDraft qualifier;
-      qualifier.fName = {in.begin(), in.size()};
-      qualifier.fMark = state.GetMark(in.begin());
-      state.fDraft.AddQualifier(state.fSource, qualifier);
-      state.fInitializer = {};
-   }
-};
-
-template <>
-struct TAction<NGrammar::TQualifier>
-{
-   static void apply0(TState& state)
-   {
-      state.fDraft.fQualifiers.back().fValues = state.TakeInitializer();
-   }
-};
-
-template <>
-struct TAction<NGrammar::TExpectQualifier> : TAction<NGrammar::TQualifier>
-{};
-
-// Members.
-
-template <>
-struct TAction<NGrammar::TTypeName>
-{
-   template <typename Input>
-   static void apply(const Input& in, TState& state)
-   {
-      state.fTypeName = {in.begin(), in.size()};
-      state.fTypeMark = state.GetMark(in.begin());
-      state.fIsReference = state.fIsArrayType = false;
-      state.fInitializer = {};
-   }
-};
-
-template <>
-struct TAction<NGrammar::TReferenceMark>
-{
-   static void apply0(TState& state) { state.fIsReference = true; }
-};
-
-template <>
-struct TAction<NGrammar::TArrayMark>
-{
-   static void apply0(TState& state) { state.fIsArrayType = true; }
-};
-
-template <>
-struct TAction<NGrammar::TExpectMemberName>
-{
-   template <typename Input>
-   static void apply(const Input& in, TState& state)
-   {
-      state.fMemberName = {in.begin(), in.size()};
-      state.fMemberMark = state.GetMark(in.begin());
-   }
-};
-
-/// A method leaves nothing behind, its qualifiers included.
-template <>
-struct TAction<NGrammar::TMethod>
-{
-   static void apply0(TState& state)
-   {
-      state.fDraft.fQualifiers.resize(state.fFirstQualifier);
-      state.fDraft.fValues.resize(state.fFirstValue);
-   }
-};
-
-template <>
-struct TAction<NGrammar::TProperty>
-{
-   static void apply0(TState& state)
-   {
-      TPropertyDraft property;
-      property.fName = state.fMemberName;
-      property.fMark = state.fMemberMark;
-      property.fType = state.fIsReference
-                          ? ECIMType(TCIMValue::TCIMType::kReference)
-                          : RequireType(state.fSource, state.fTypeMark, state.fTypeName);
-      property.fIsArray = state.fIsArrayType;
-      if (state.fIsReference)
-         property.fReferenceClass = state.fTypeName;
-      property.fValues = state.TakeInitializer();
-      property.fFirstQualifier = state.fFirstQualifier;
-      const std::size_t qualifiers = state.fDraft.fQualifiers.size();
-      property.fQualifierCount = static_cast<std::uint32_t>(qualifiers) - state.fFirstQualifier;
-      state.fDraft.AddProperty(state.fSource, property);
-   }
-};
-
-void BeginMembers(TState& state)
-{
-   state.fFirstQualifier = static_cast<std::uint32_t>(state.fDraft.fQualifiers.size());
-   state.fFirstValue = static_cast<std::uint32_t>(state.fDraft.fValues.size());
-}
-
-template <>
-struct TAction<NGrammar::TMember>
-{
-   static void apply0(TState& state) { BeginMembers(state); }
-};
-
-template <>
-struct TAction<NGrammar::TExpectMember> : TAction<NGrammar::TMember>
-{};
-
-// The top level.
-
-template <>
-struct TAction<NGrammar::TExpectClassName>
-{
-   template <typename Input>
-   static void apply(const Input& in, TState& state)
-   {
-      state.fKind = TState::kClass;
-      state.fDraft.fClassName = {in.begin(), in.size()};
-      state.fDraft.fMark = state.GetMark(in.begin());
-      state.fDraft.fQualifierCount = static_cast<std::uint32_t>(state.fDraft.fQualifiers.size());
-      BeginMembers(state);
-   }
-};
-
-template <>
-struct TAction<NGrammar::TExpectSuperclass>
-{
-   template <typename Input>
-   static void apply(const Input& in, TState& state)
-   {
-      state.fDraft.fSuperclass = {in.begin(), in.size()};
-   }
-};
-
-template <>
-struct TAction<NGrammar::TExpectAliasOfObject>
-{
-   template <typename Input>
-   static void apply(const Input& in, TState& state)
-   {
-      state.fDraft.fAlias = {in.begin(), in.size()};
-      state.fDraft.fAliasMark = state.GetMark(in.begin());
-   }
-};
-
-template <>
-struct TAction<NGrammar::TExpectInstanceClass>
-{
-   template <typename Input>
-   static void apply(const Input& in, TState& state)
-   {
-      state.fKind = TState::kInstance;
-      state.fDraft.fClassName = {in.begin(), in.size()};
-      state.fDraft.fMark = state.GetMark(in.begin());
-   }
-};
-
-template <>
-struct TAction<NGrammar::TInstancePropertyName>
-{
-   template <typename Input>
-   static void apply(const Input& in, TState& state)
-   {
-      TPropertyDraft property;
-      property.fName = {in.begin(), in.size()};
-      property.fMark = state.GetMark(in.begin());
-      state.fDraft.AddProperty(state.fSource, property);
-   }
-};
-
-template <>
-struct TAction<NGrammar::TInstanceProperty>
-{
-   static void apply0(TState& state)
-   {
-      state.fDraft.fProperties.back().fValues = state.TakeInitializer();
-   }
-};
-
-template <>
-struct TAction<NGrammar::TExpectInstanceProperty> : TAction<NGrammar::TInstanceProperty>
-{};
-
-template <>
-struct TAction<NGrammar::TExpectQualifierToDeclare>
-{
-   template <typename Input>
-   static void apply(const Input& in, TState& state)
-   {
-      state.fKind = TState::kQualifier;
-      state.fMemberName = {in.begin(), in.size()};
-   }
-};
-
-template <>
-struct TAction<NGrammar::TExpectQualifierType>
-{
-   template <typename Input>
-   static void apply(const Input& in, TState& state)
-   {
-      state.fTypeName = {in.begin(), in.size()};
-      state.fTypeMark = state.GetMark(in.begin());
-   }
-};
-
-template <>
-struct TAction<NGrammar::TExpectPragmaName>
-{
-   template <typename Input>
-   static void apply(const Input& in, TState& state)
-   {
-      state.fPragmaName = {in.begin(), in.size()};
-   }
-};
-
-template <>
-struct TAction<NGrammar::TPragma>
-{
-   static void apply0(TState& state)
-   {
-      if (state.fPragmaName == "include")
-         state.fKind = TState::kInclude;
-   }
-};
 
 /// What stands at the offset, for "found ...": a name or number whole, else one character.
 std::string DescribeFound(std::string_view text, std::size_t offset)
@@ -462,14 +52,14 @@ public:
          peg::parse<NGrammar::TSkip, peg::nothing, NGrammar::TControl>(fInput);
          if (fInput.empty())
             return false;
-         peg::parse<NGrammar::TProduction, TAction, NGrammar::TControl>(fInput, fState);
+         peg::parse<NGrammar::TProduction, NGrammar::TAction, NGrammar::TControl>(fInput, fState);
       } catch (const peg::parse_error& error) {
          FailAt(error);
       }
       return true;
    }
 
-   const TState& GetState() const { return fState; }
+   const NGrammar::TState& GetState() const { return fState; }
 
    const std::shared_ptr<TSourceText>& GetSource() const { return fSource; }
 
@@ -489,7 +79,7 @@ private:
 
    std::shared_ptr<TSourceText> fSource;
    TInput fInput;
-   TState fState;
+   NGrammar::TState fState;
 };
 
 /// The stack of open files: an included file is read where it is included.
@@ -521,24 +111,24 @@ private:
 
    void Take(const TOpenFile& file)
    {
-      const TState& state = file.GetState();
+      const NGrammar::TState& state = file.GetState();
       const TSourceText& source = *file.GetSource();
       switch (state.fKind) {
-         case TState::kClass:
+         case NGrammar::TState::kClass:
             fBuilder.AddClass(fDraft, source);
             break;
-         case TState::kInstance:
+         case NGrammar::TState::kInstance:
             fDraft.fSharedText = file.GetSource();
             fBuilder.AddInstance(fDraft, source);
             break;
-         case TState::kQualifier:
-            fBuilder.DeclareQualifier(state.fMemberName,
-                                      RequireType(source, state.fTypeMark, state.fTypeName));
+         case NGrammar::TState::kQualifier:
+            fBuilder.DeclareQualifier(
+               state.fMemberName, NGrammar::RequireType(source, state.fTypeMark, state.fTypeName));
             break;
-         case TState::kInclude:
+         case NGrammar::TState::kInclude:
             Include(source);
             break;
-         case TState::kNothing:
+         case NGrammar::TState::kNothing:
             break;
       }
    }

@@ -252,6 +252,23 @@ TEST(ExpectedClasses, AreAddedOnlyWhereTheCollectionLacksThem)
    EXPECT_TRUE(DeclareExpectedClasses(*store).empty());
 }
 
+TEST(ExpectedClasses, SteerToTheSystemsSensorsWhereNothingElseIsToBeShown)
+{
+   const std::string system =
+      "class CIM_NumericSensor { [Key] string Id; };"
+      "class ZANSG_Fan : CIM_NumericSensor { };"
+      "class ZANSG_SP_NumericSensor { [Key] string Id; };";
+   const std::string sensor = "instance of ZANSG_Fan { Id = \"1\"; };";
+   const std::string olderSensor = "instance of ZANSG_SP_NumericSensor { Id = \"1\"; };";
+   const auto isAdded = [](const std::string& mof) {
+      return testing::Value(DeclareExpectedClasses(*MakeStore(mof)),
+                            testing::Contains("CIM_StaticIPAssignmentSettingData"));
+   };
+   EXPECT_TRUE(isAdded(system + sensor));
+   EXPECT_FALSE(isAdded(system + sensor + olderSensor));
+   EXPECT_FALSE(isAdded(system)) << "the index would claim sensors";
+}
+
 }  // namespace
 
 }  // namespace NZANQSX20

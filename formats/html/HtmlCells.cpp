@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr std::size_t kLongestWord = 40;
-constexpr std::size_t kLeastWidthOfLongWords = 30;
+constexpr std::size_t kLongestWord = 24;
+constexpr std::size_t kLeastWidthOfLongWords = 24;
 constexpr std::size_t kMeasuredRows = 50;
 constexpr std::string_view kTimeShape = "0000-00-00 00:00:00";
 constexpr std::size_t kDateLength = 10;

@@ -254,15 +254,13 @@ void THtmlTable::WriteHeading(const TPart& part)
 
 void THtmlTable::WriteCount(const TPart& part)
 {
-   const bool isOneInstance = !IsColumnTable() && fInstances <= 1;
-   if (isOneInstance)
+   // The columns of a row table are soon counted.
+   if (!IsColumnTable() && !IsSplit())
       return;
    fOut << "<p class=\"count\">"_html;
    if (IsSplit())
       fOut << "Rows "_html << TCount{part.fFirstRow} << " to "_html << TCount{part.fLastRow}
            << " of "_html << TCount{fRow};
-   else if (!IsColumnTable())
-      fOut << TCount{fInstances} << " instances"_html;
    else
       fOut << TCount{fRow} << (fRow == 1 ? " row"_html : " rows"_html);
    fOut << "</p>\n"_html;

@@ -92,18 +92,28 @@ const char* const kPayloads[] = {
    "{{x}} ${x} <%= x %>",
 };
 
+/// A text of the same words' lengths, as the length of words tells how a column is set.
+std::string MakeHarmless(std::string text)
+{
+   for (char& c : text)
+      if (c != ' ')
+         c = 'w';
+   return text;
+}
+
 TEST(Pages, EveryTextStaysText)
 {
-   TPages harmless(MakeFacts("word"));
-   WriteEverySlot(harmless, "word");
    for (const std::string payload : kPayloads) {
+      const std::string word = MakeHarmless(payload);
+      TPages harmless(MakeFacts(word));
+      WriteEverySlot(harmless, word);
       TPages pages(MakeFacts(payload));
       WriteEverySlot(pages, payload);
       ASSERT_EQ(pages.GetFiles().size(), harmless.GetFiles().size()) << payload;
       for (const std::string file : {"index.html", "report.html"}) {
          const std::string page = pages.Read(file);
          EXPECT_EQ(GetTags(page), GetTags(harmless.Read(file))) << file << ": " << payload;
-         EXPECT_EQ(Count(page, Escape(payload)), Count(harmless.Read(file), "word"))
+         EXPECT_EQ(Count(page, Escape(payload)), Count(harmless.Read(file), word))
             << file << ": " << payload;
       }
    }

@@ -92,16 +92,6 @@ void PrintClasses(const TMemoryStore& store)
       Print(fmt::format("{:>9}  {}", count, storedClass->GetName()));
 }
 
-void PrintDuplicates(TMemoryStore& store)
-{
-   const auto duplicates = store.FindDuplicatePaths();
-   if (duplicates.empty())
-      return;
-   PrintHeading("Paths that more than one instance has (the first of each class)");
-   for (const TMemoryStore::TDuplicatePath& duplicate : duplicates)
-      Print("  " + duplicate.fPath);
-}
-
 void PrintDangling(TMemoryStore& store)
 {
    const TDanglingReferences dangling = FindDanglingReferences(store);
@@ -135,7 +125,6 @@ EExitCode RunCheckCommand(const TOptions& options, TConsole& console)
    std::cout << fmt::format("\n{} classes, {} instances\n", classCount, store.CountInstances());
    PrintClasses(store);
    PrintList("Warnings", collection.fWarnings);
-   PrintDuplicates(store);
    PrintDangling(store);
    PrintList("Classes that reports expect, added without instances", added);
    return kExitDone;

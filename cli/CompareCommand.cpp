@@ -31,11 +31,9 @@ TStores ReadStores(const TOptions& options, TConsole& console, std::vector<std::
    for (const std::string& path : options.fCollections) {
       TCollection collection = ReadCollections(options, {path}, console);
       warnings.insert(warnings.end(), collection.fWarnings.begin(), collection.fWarnings.end());
+      AddExpectedClasses(options, *collection.fStore);
       stores.push_back(collection.fStore);
    }
-   // The first declaration of a class holds, so the last collection is where an empty one does not
-   // stand before a proper one.
-   AddExpectedClasses(options, *stores.back());
    return stores;
 }
 

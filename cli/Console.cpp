@@ -64,7 +64,7 @@ void TConsole::Error(const std::string& text)
 
 void TConsole::ErrorInFile(const std::string& text)
 {
-   Write(kRed, "", text);
+   Write("", "", text);
 }
 
 void TConsole::Warning(const std::string& text)

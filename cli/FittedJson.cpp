@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr std::size_t kLineLength = 100;
+constexpr std::size_t kLineLength = 160;
 constexpr std::size_t kIndent = 2;
 
 std::string Compact(const rapidjson::Value& value)

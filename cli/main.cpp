@@ -34,15 +34,21 @@ EExitCode RunCommand(const TOptions& options, TConsole& console)
    return kExitUsage;
 }
 
+/// Throws: TCommandFailure when a result is lost.
+void CheckStandardOutput()
+{
+   std::cout.flush();
+   if (!std::cout)
+      throw TCommandFailure(kExitRun, "standard output can't be written");
+}
+
 /// Runs it and tells its failure. Every failure has an exit code; none leaves the program
 /// otherwise.
 int RunAndTell(const TOptions& options, TConsole& console)
 {
    try {
       const EExitCode exitCode = RunCommand(options, console);
-      std::cout.flush();
-      if (!std::cout)
-         throw TCommandFailure(kExitRun, "standard output can't be written");
+      CheckStandardOutput();
       return exitCode;
    } catch (const TCommandFailure& failure) {
       console.Error(failure.what());
@@ -67,8 +73,10 @@ int main(int argc, char** argv)
    std::signal(SIGXFSZ, SIG_IGN);
    try {
       const std::optional<TOptions> options = ParseOptions(argc, argv);
-      if (!options)
+      if (!options) {
+         CheckStandardOutput();
          return kExitDone;
+      }
       TConsole console(options->fQuiet, !options->fNoColor);
       return RunAndTell(*options, console);
    } catch (const TCommandFailure& failure) {

@@ -1,20 +1,24 @@
 # The front door: make report, make test. Everything else stands in CONTRIBUTING.md.
 
 COLLECTION ?= examples/debian-host
-OUT ?= out/report
+BASE ?= examples/compare/one-server-two-times/before.mof
+OTHER ?= examples/compare/one-server-two-times/after.mof
 
 TOOL := build/release/bin/qsxreport
 
-.PHONY: help report hypervisor build test sanitize setup format clean
+.PHONY: help report hypervisor compare build test sanitize setup format clean
 
 help:
 	@echo "make report                          pages of the example machine"
 	@echo "make report COLLECTION=path OUT=dir  pages of your own collection"
 	@echo "make hypervisor                      pages of the example hypervisor host"
+	@echo "make compare                         one server before and after a maintenance"
+	@echo "make compare BASE=path OTHER=path    your own collections; OTHER may be several"
 	@echo "make build                           the tool: $(TOOL)"
 	@echo "make test                            all tests"
 	@echo "make sanitize                        all tests under AddressSanitizer and UBSan"
 
+report: OUT ?= out/report
 report: build
 	@$(TOOL) report $(COLLECTION) -o $(OUT) --force
 	@echo "Pages: file://$(abspath $(OUT))/index.html"
@@ -22,6 +26,11 @@ report: build
 hypervisor: build
 	@$(TOOL) hypervisor examples/esxi-host -o out/hypervisor --force
 	@echo "Pages: file://$(abspath out/hypervisor)/index.html"
+
+compare: OUT ?= out/compare
+compare: build
+	@$(TOOL) compare $(BASE) $(OTHER) -o $(OUT) --force
+	@echo "Pages: file://$(abspath $(OUT))/index.html"
 
 build: build/release/build.ninja
 	@cmake --build --preset release --target qsxreport -- --quiet

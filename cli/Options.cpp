@@ -149,6 +149,14 @@ void AddCompareOptions(CLI::App& command, TParsedLine& line)
       ->allow_extra_args(false)
       ->excludes(findings)
       ->group("Comparison");
+   command
+      .add_flag("--no-default-ignore", options.fComparesUsual,
+                "Compare the properties that differ at any time, too: up time, counters, readings")
+      ->group("Comparison");
+   command
+      .add_flag("--list-ignored", options.fListIgnored,
+                "Print the properties that are not compared by default")
+      ->group("Comparison");
    command.add_flag("--exit-code", options.fExitCode, "Exit with 1 when there are differences")
       ->group("Comparison");
 }
@@ -296,6 +304,8 @@ TOptions CheckOptions(const CLI::App& command, TParsedLine& line)
       if (command.get_name() == name.fName)
          options.fCommand = name.fCommand;
    CheckExtras(command);
+   if (options.fListIgnored)
+      return options;
    if (options.fCollections.empty())
       FailUsage("no COLLECTION to read");
    if (options.fCommand == ECommand::kCompare && options.fCollections.size() < 2)

@@ -34,6 +34,10 @@ struct TOptions
    std::string fFindings;
    /// compare: the properties that are not compared, "Class.Property" or "Property".
    std::vector<std::string> fIgnored;
+   /// compare: the properties that usually differ are compared, too.
+   bool fComparesUsual = false;
+   /// compare: print those properties, and nothing else.
+   bool fListIgnored = false;
    /// compare: differences give an exit code of their own.
    bool fExitCode = false;
    /// catalogue: the definitions of the hypervisor's variant.

@@ -312,3 +312,46 @@ TEST_F(Qsxreport, RemovesTheStagingFolderWhenInterrupted)
    EXPECT_EQ(128 + SIGTERM, result.fExitCode);
    EXPECT_EQ("log server.mof", List());
 }
+
+TEST_F(Qsxreport, ComparesCollections)
+{
+   const std::string system =
+      "class ZANSG_ComputerSystem { [Key] string Name; string SerialNumber; };\n"
+      "class Disk { [Key] string N; uint32 Size; };\n"
+      "class ZANSG_OperatingSystem { [Key] string Name; uint32 UpTime; };\n";
+   const std::string times = "instance of ZANSG_OperatingSystem { Name = \"x\"; UpTime = ";
+   Write("base.mof", system + times + "1; }; instance of Disk { N = \"a\"; Size = 1; };");
+   Write("later.mof", system + times + "2; }; instance of Disk { N = \"a\"; Size = 1; };");
+   Write("other.mof", system + times + "1; }; instance of Disk { N = \"a\"; Size = 2; };");
+   Write("apart.mof", "class Tape { [Key] string N; }; instance of Tape { N = \"t\"; };");
+   Write("findings.mof",
+         "class ZANSG_Delta { [Key] uint32 DeltaID; string InstanceName; };\n"
+         "instance of ZANSG_Delta { DeltaID = 1; InstanceName = \"No.N=1\"; };");
+
+   const struct
+   {
+      const char* fArguments;
+      int fExitCode;
+      const char* fError;
+   } cases[] = {
+      {"base.mof base.mof", 0, "no differences"},
+      {"base.mof later.mof", 0, "no differences"},
+      {"base.mof later.mof --no-default-ignore", 1, "1 difference\n"},
+      {"base.mof other.mof", 1, "1 difference\n"},
+      {"base.mof other.mof --ignore Disk.Size", 0, "no differences"},
+      {"base.mof other.mof --ignore X --ignore Size", 0, "--ignore X: no class has this property"},
+      {"base.mof apart.mof", 1, "base.mof and apart.mof have no class in common"},
+      {"base.mof other.mof --findings findings.mof", 0, "the class \"No\""},
+      {"base.mof other.mof --findings apart.mof", 0, "apart.mof holds no findings"},
+      {"base.mof base.mof --strict", kRun, "without --strict the run does not need it"},
+   };
+
+   for (const auto& c : cases) {
+      SCOPED_TRACE(c.fArguments);
+      const TResult result =
+         Run(std::string("compare --format trace --exit-code --force -o out ") + c.fArguments);
+      EXPECT_EQ(c.fExitCode, result.fExitCode);
+      EXPECT_THAT(result.fError, HasSubstr(c.fError));
+   }
+   EXPECT_THAT(Run("compare --list-ignored").fOutput, HasSubstr("ZANSG_OperatingSystem.UpTime\n"));
+}

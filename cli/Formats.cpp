@@ -55,6 +55,8 @@ public:
 
    Writer& GetWriter() override { return fWriter; }
 
+   bool WantsLogLines() const override { return true; }
+
    void OnLogLine(int level, const std::string& text) override
    {
       fWriter.GetFile().WriteLogLine(level, text);

@@ -31,6 +31,9 @@ class IFormatRun
 public:
    virtual ~IFormatRun() = default;
 
+   /// Whether the run is told log lines; those that nobody wants are not even made.
+   virtual bool WantsLogLines() const { return false; }
+
    /// A core log line, while the run lasts.
    virtual void OnLogLine(int /*level*/, const std::string& /*text*/) {}
 

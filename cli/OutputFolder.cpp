@@ -20,7 +20,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr mode_t kOwnerOnly = 0700;
 constexpr mode_t kEveryone = 0777;
 
 /// The mode that a folder made in the ordinary way has.

@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 #include <ctime>
+#include <new>
+#include <optional>
 
 #include <fmt/chrono.h>
 #include <fmt/format.h>
@@ -43,7 +45,7 @@ std::string DescribeTime()
    return fmt::format("{:%Y-%m-%d %H:%M}{}", parts, epoch != nullptr ? " UTC" : "");
 }
 
-/// Hands every core log line to the run.
+/// Hands every core log line, of all levels, to the run.
 class TRunListener : public NZANQSX20::TLogger
 {
 public:
@@ -79,6 +81,8 @@ public:
          runInFormat(*choice.fFormat, settings);
       } catch (const TQSXException& failure) {
          throw TCommandFailure(kExitRun, DescribeFailure(failure));
+      } catch (const std::bad_alloc&) {
+         throw TCommandFailure(kExitRun, "out of memory");
       } catch (const std::exception& failure) {
          throw TCommandFailure(kExitRun, fFolder.NameTarget(failure.what()));
       }
@@ -115,15 +119,6 @@ std::vector<std::string> GetInputs(const TOptions& options)
    return inputs;
 }
 
-void TellErrors(const TRunLog& log, TConsole& console)
-{
-   const int errors = log.CountErrors();
-   if (errors == 1)
-      console.Warning("1 result is missing or unsorted; -v tells which");
-   else if (errors > 1)
-      console.Warning(fmt::format("{} results are missing or unsorted; -v tells which", errors));
-}
-
 void TellEntry(const TOptions& options, const TFormatRunner& runner, TConsole& console)
 {
    for (const TFormatChoice& choice : options.fFormats) {
@@ -155,7 +150,8 @@ void WriteFormats(const TOptions& options, TConsole& console,
       throw;
    }
    log.Finish();
-   TellErrors(log, console);
+   if (log.HasErrors())
+      console.Warning("some results are missing or unsorted; -v tells which");
    TellEntry(options, runner, console);
 }
 
@@ -164,7 +160,9 @@ void RunFormat(IFormatRun& run, TRunLog& log, const std::function<void()>& write
    try {
       const TOutputDiversion diversion(log);
       TRunListener listener(run);
-      const NZANQSX20::TLogAttachment listening(listener);
+      std::optional<NZANQSX20::TLogAttachment> listening;
+      if (run.WantsLogLines())
+         listening.emplace(listener);
       const NZANQSX20::TLogAttachment logging(log);
       write();
    } catch (const std::exception& failure) {

@@ -19,7 +19,7 @@ TRunLog::TRunLog(const TOptions& options, TConsole& console)
 
 bool TRunLog::IsLevelEnabled(int level) const
 {
-   // Errors are counted even where nobody reads them.
+   // Errors count even where nobody reads them.
    return level == NZANQSX20::kLogError || (fFile && fFile->IsLevelEnabled(level)) ||
           (fTerminal && fTerminal->IsLevelEnabled(level));
 }
@@ -27,7 +27,7 @@ bool TRunLog::IsLevelEnabled(int level) const
 void TRunLog::Log(int level, const std::string& text)
 {
    if (level == NZANQSX20::kLogError)
-      ++fErrors;
+      fHasErrors = true;
    if (fFile && fFile->IsLevelEnabled(level))
       fFile->Log(level, text);
    if (fTerminal && fTerminal->IsLevelEnabled(level)) {

@@ -27,8 +27,8 @@ public:
    void TellWarnings(const std::vector<std::string>& warnings,
                      const std::vector<std::string>& inFull = {});
 
-   /// How many operations failed so far: each costs a result.
-   int CountErrors() const { return fErrors; }
+   /// Whether any operation failed so far: each costs a result.
+   bool HasErrors() const { return fHasErrors; }
 
    /// Throws: TCommandFailure when a line could not be written to the file.
    void Finish();
@@ -36,7 +36,7 @@ public:
 private:
    TConsole& fConsole;
    std::string fPath;
-   int fErrors = 0;
+   bool fHasErrors = false;
    bool fHasToldWarnings = false;
    // Each is empty where its lines are not asked for.
    std::unique_ptr<NZANQSX20::TFileLog> fFile;

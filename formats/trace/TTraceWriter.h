@@ -14,6 +14,7 @@ public:
    /// Throws: TOutputError when the file can't be created in the directory.
    TTraceWriter(const std::string& outputDirectory, std::string outputFormat,
                 std::string baseDirectory);
+   virtual ~TTraceWriter() = default;
 
    void Initialize(boost::shared_ptr<ICIMNamespace> cimNamespace, TContext params,
                    std::string outputDirectory) override;

@@ -9,6 +9,7 @@ class TTraceWriter_vmwesxi : public TTraceOutput<TWriter_vmwesxi>
 public:
    /// Throws: TOutputError when the file can't be created in the directory.
    explicit TTraceWriter_vmwesxi(const std::string& outputDirectory);
+   virtual ~TTraceWriter_vmwesxi() = default;
 
    // Nothing calls these.
    void ReservedOperation14() override {}

@@ -165,14 +165,20 @@ void TReportFlow::WriteNote(const std::string& text)
    GetPage().WriteNote(text);
 }
 
-void TReportFlow::WriteGrid(const TTableGrid& grid)
+void TReportFlow::WriteGrid(const TTableGrid& grid, const TGridMeaning& meaning)
 {
    if (!fIsGridOpen) {
       EndTable();
-      GetPage().BeginTable(GetGridShape(grid));
+      TTableShape shape = GetGridShape(grid);
+      shape.fDriveAttributes = meaning.fDriveAttributes;
+      GetPage().BeginTable(shape);
       fIsGridOpen = true;
    }
-   GetPage().WriteRows(TGridRows(grid, fIsRawDataPage));
+   const TGridRows rows(grid, fIsRawDataPage);
+   if (meaning.fStateColumns.empty())
+      GetPage().WriteRows(rows);
+   else
+      GetPage().WriteRows(TStateRows(rows, meaning.fStateColumns));
    if (!fJoinsGrids)
       EndGrids();
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "common/GridMeaning.h"
 #include "common/ReportSink.h"
 #include "writer/TTableGrid.h"
 
@@ -43,7 +44,7 @@ public:
    void WriteTableBreak();
    void WriteNote(const std::string& text);
 
-   void WriteGrid(const TTableGrid& grid);
+   void WriteGrid(const TTableGrid& grid, const TGridMeaning& meaning = {});
    /// Between the two, grids follow each other as one table.
    void BeginJoinedGrids();
    void EndJoinedGrids();

@@ -189,6 +189,8 @@ void TSinkWriter::WriteTableBreak()
 
 void TSinkWriter::WriteTableTitle(std::string title, const bool& subTitle, const bool& emphasised)
 {
+   if (!subTitle)
+      fTableTitle = title;
    fFlow->WriteTableTitle({title, subTitle, emphasised});
 }
 
@@ -249,8 +251,8 @@ void TSinkWriter::WriteValueCell(boost::shared_ptr<ICIMInstance> instance, TRepo
    const std::string separator = GetArrayValueSeparatorText(property.GetArrayValueSeparator());
    const std::string untranslated =
       MayHaveRawForm(properties) ? GetValuesFromProperties(properties, separator, true) : "";
-   WriteValue(GetValuesFromProperties(properties, separator, false), untranslated,
-              property.IsMonospaced());
+   const std::string text = GetValuesFromProperties(properties, separator, false);
+   WriteValue(text, untranslated, property.IsMonospaced(), FindState(property.GetProperty(), text));
 }
 
 void TSinkWriter::WriteTextCell(TReportProperty property, std::string text)
@@ -315,8 +317,10 @@ void TSinkWriter::WritePropertyValueCell(boost::shared_ptr<ICIMInstance>,
                                          boost::shared_ptr<ICIMProperty> property)
 {
    const std::string separator = GetArrayValueSeparatorText(TReportProperty::kSeparatorDefault);
-   WriteValue(GetValueFromProperty(property, separator, false),
-              GetValueFromProperty(property, separator, true), false);
+   const std::string text = GetValueFromProperty(property, separator, false);
+   const EState state =
+      property ? FindState(property->GetDecl({})->GetName({}), text) : EState::kNone;
+   WriteValue(text, GetValueFromProperty(property, separator, true), false, state);
 }
 
 void TSinkWriter::WriteRegisterValueCell(boost::shared_ptr<ICIMInstance>,
@@ -346,7 +350,10 @@ void TSinkWriter::WriteEventLogTable(TInstances instances, std::string title, st
 
 void TSinkWriter::WriteGrid(TTableGrid* grid)
 {
-   fFlow->WriteGrid(*grid);
+   const auto getLabel = [this](const std::string& className, const std::string& property) {
+      return ReadLabel(className, property);
+   };
+   fFlow->WriteGrid(*grid, FindGridMeaning(*grid, fTableTitle, getLabel));
 }
 
 void TSinkWriter::WriteCadenzaHeader()
@@ -376,10 +383,11 @@ void TSinkWriter::WriteLabel(const std::string& label, const TReportProperty& pr
 }
 
 void TSinkWriter::WriteValue(const std::string& text, const std::string& untranslated,
-                             bool isMonospaced)
+                             bool isMonospaced, EState state)
 {
    TCell cell;
    cell.fText = text;
+   cell.fState = state;
    cell.fSecondText = GetShownSecondText(text, untranslated);
    cell.fMonospaced = isMonospaced;
    fFlow->AddCell(cell);
@@ -396,4 +404,17 @@ std::string TSinkWriter::ReadLines(const boost::shared_ptr<ICIMInstance>& instan
                                    const TReportProperty& property)
 {
    return GetPropertyValue(instance, property.GetProperty(), "\n");
+}
+
+/// Missing: the empty text without the class.
+std::string TSinkWriter::ReadLabel(const std::string& className, const std::string& property)
+{
+   try {
+      const auto cimClass = fNamespace->GetClass(className, {});
+      return cimClass
+                ? GetTableHeaderLabel(*cimClass, TReportProperty(property, "", "", "", ""), {})
+                : "";
+   } catch (const TQSXException&) {
+      return "";
+   }
 }

@@ -83,7 +83,9 @@ private:
    void WriteLogReport(const TReportParameters& params);
    void WriteLogTable(TReportClass reportClass, const TInstances& instances);
    void WriteLabel(const std::string& label, const TReportProperty& property);
-   void WriteValue(const std::string& text, const std::string& untranslated, bool isMonospaced);
+   void WriteValue(const std::string& text, const std::string& untranslated, bool isMonospaced,
+                   EState state = EState::kNone);
+   std::string ReadLabel(const std::string& className, const std::string& property);
    std::string ReadText(const boost::shared_ptr<ICIMInstance>& instance,
                         const TReportProperty& property);
    std::string ReadLines(const boost::shared_ptr<ICIMInstance>& instance,
@@ -91,6 +93,9 @@ private:
 
    std::unique_ptr<TReportSink> fSink;
    std::optional<TReportFlow> fFlow;
+
+   /// The last title that is no sub-title.
+   std::string fTableTitle;
 
    // The page of the device analysis, from PrepareCadenzaReport on.
    bool fIsCadenzaPage = false;

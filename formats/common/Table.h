@@ -1,9 +1,13 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "common/DriveAttributes.h"
+#include "common/StateWords.h"
 
 // Tables as the formats see them: one shape, then runs of rows. Grids and tables written cell by
 // cell look alike here.
@@ -29,6 +33,8 @@ struct TCell
    /// The untranslated value. Missing: empty.
    std::string_view fSecondText;
    ECellKind fKind = ECellKind::kText;
+   /// What the text says of the thing.
+   EState fState = EState::kNone;
    bool fIsLabel = false;
    bool fMonospaced = false;
    /// The cell repeats the baseline of a comparison.
@@ -56,6 +62,8 @@ struct TTableShape
    bool fMarked = false;
    /// A column table whose first column holds labels, too.
    bool fHasRowLabels = false;
+   /// Of a table of drive attributes. Missing: any other table.
+   std::optional<TDriveAttributeColumns> fDriveAttributes;
 };
 
 /// A run of rows of one table.

@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <string>
 
+#include "html/HtmlState.h"
+
 namespace {
 
 constexpr std::size_t kLongestWord = 24;
@@ -175,6 +177,13 @@ void WriteLook(THtmlSink& out, EColumnLook look)
    }
 }
 
+void WriteCellLook(THtmlSink& out, const TCell& cell, EColumnLook look)
+{
+   if (GetStateClass(cell.fState).Get().empty())
+      return WriteLook(out, look);
+   out << " class=\""_html << GetStateClass(cell.fState) << "\""_html;
+}
+
 void WriteValueCell(THtmlSink& out, const TCell& cell, EColumnLook look, bool isChanged)
 {
    out << "<td"_html;
@@ -188,7 +197,7 @@ void WriteValueCell(THtmlSink& out, const TCell& cell, EColumnLook look, bool is
       else if (cell.fKind == ECellKind::kScore)
          out << " class=\"score\""_html;
       else
-         WriteLook(out, look);
+         WriteCellLook(out, cell, look);
       out << ">"_html;
       WriteCellContent(out, cell);
    }
@@ -209,6 +218,7 @@ void WriteCellContent(THtmlSink& out, const TCell& cell)
       case ECellKind::kText:
          break;
    }
+   WriteStateMark(out, cell.fState, cell.fText);
    out << TText{cell.fText};
    if (!cell.fSecondText.empty())
       out << "<span class=\"raw\">"_html << TText{cell.fSecondText} << "</span>"_html;

@@ -26,6 +26,9 @@ std::size_t MeasureColumn(const TTableRows& rows, std::size_t firstRow, std::siz
 /// Writes the class attribute of a look, with a blank before it. Missing: nothing for kText.
 void WriteLook(THtmlSink& out, EColumnLook look);
 
+/// Writes the class attribute of a cell: that of its state where it stands out, else of its look.
+void WriteCellLook(THtmlSink& out, const TCell& cell, EColumnLook look);
+
 /// Writes a value cell. isChanged: it differs from the baseline of a comparison.
 void WriteValueCell(THtmlSink& out, const TCell& cell, EColumnLook look, bool isChanged);
 

@@ -1,5 +1,7 @@
 #include "html/HtmlFrame.h"
 
+#include "html/HtmlState.h"
+
 namespace {
 
 /// No script, nothing inline, nothing from elsewhere.
@@ -93,8 +95,9 @@ void WriteFrameBegin(THtmlSink& out, const THtmlSite& site, const std::string& t
    if (!isFrontPage)
       out << TText{machine};
    out << "</title>\n<link rel=\"stylesheet\" href=\""_html << TFileUrl{kStyleSheetFile}
-       << "\">\n</head>\n<body>\n"
-          "<a class=\"skip\" href=\"#main\">Skip to content</a>\n"
+       << "\">\n</head>\n<body>\n"_html;
+   WriteStateShapes(out);
+   out << "<a class=\"skip\" href=\"#main\">Skip to content</a>\n"
           "<header class=\"top\"><p><bdi>"_html
        << TText{title} << "</bdi>"_html;
    if (!isFrontPage)

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "html/HtmlDriveAttributes.h"
+
 namespace {
 
 constexpr std::uint64_t kRowsWorthSkipping = 20;
@@ -149,8 +151,15 @@ void THtmlTable::WriteCells(const TTableRows& rows, std::size_t row)
    const std::size_t cells = rows.GetCellCount(row);
    const bool isDifference = fShape.fMarked && fShape.fHasRowLabels && IsColumnTable();
    std::uint64_t values = 0;
+   std::optional<TDriveAttribute> attribute;
+   if (fShape.fDriveAttributes)
+      attribute = ReadDriveAttribute(rows, row, *fShape.fDriveAttributes);
+   if (attribute)
+      fAttributes.Add(*attribute);
    for (std::size_t c = 0; c < cells; ++c) {
-      const TCell cell = rows.GetCell(row, c);
+      TCell cell = rows.GetCell(row, c);
+      if (attribute && c == fShape.fDriveAttributes->fName)
+         cell.fState = attribute->GetState();
       const bool isRowLabel = cell.fIsLabel || (IsColumnTable() && c == 0);
       const EColumnLook look = c < part.fLooks.size() ? part.fLooks[c] : EColumnLook::kText;
       part.fHasSecondTexts |= cell.fKind == ECellKind::kText && !cell.fSecondText.empty();
@@ -158,13 +167,17 @@ void THtmlTable::WriteCells(const TTableRows& rows, std::size_t row)
          fBaseline.emplace_back(cell.fText);
       if (isRowLabel && cell.fKind == ECellKind::kText && !cell.fMonospaced) {
          fOut << "<th scope=\"row\""_html;
-         WriteLook(fOut, look);
+         WriteCellLook(fOut, cell, look);
          fOut << ">"_html;
          WriteCellContent(fOut, cell);
          fOut << "</th>"_html;
          continue;
       }
       ++values;
+      if (attribute && c == fShape.fDriveAttributes->fValue) {
+         WriteAttributeCell(cell, *attribute);
+         continue;
+      }
       const bool isChanged = isDifference && c > 0 && fRow > 1 && !cell.fText.empty() &&
                              c < fBaseline.size() && cell.fText != fBaseline[c];
       WriteValueCell(fOut, cell, look, isChanged);
@@ -172,6 +185,15 @@ void THtmlTable::WriteCells(const TTableRows& rows, std::size_t row)
    for (std::size_t c = cells; c < fShape.fLabels.size(); ++c)
       fOut << "<td></td>"_html;
    fInstances = std::max(fInstances, values);
+}
+
+void THtmlTable::WriteAttributeCell(const TCell& cell, const TDriveAttribute& attribute)
+{
+   fOut << "<td class=\"num meter\">"_html;
+   WriteAttributeBar(fOut, attribute);
+   fOut << "<span>"_html;
+   WriteCellContent(fOut, cell);
+   fOut << "</span></td>"_html;
 }
 
 /// Everything from the section's begin to the first row.
@@ -190,6 +212,8 @@ void THtmlTable::WritePartHead(const TPart& part)
    }
    fOut << "\" id=\"t"_html << TNumber{fNumber} << "\">\n"_html;
    WriteHeading(part);
+   if (part.fFirstRow == 1)
+      WriteAttributeFigure(fOut, fAttributes);
 
    const std::uint64_t rowCount = part.fLastRow - part.fFirstRow + 1;
    if (rowCount > kRowsWorthSkipping)

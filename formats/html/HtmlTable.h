@@ -74,6 +74,7 @@ private:
    void WriteRow(const TTableRows& rows, std::size_t row);
    void WriteRowNumber();
    void WriteCells(const TTableRows& rows, std::size_t row);
+   void WriteAttributeCell(const TCell& cell, const TDriveAttribute& attribute);
 
    void WritePartHead(const TPart& part);
    void WriteTableTag(const TPart& part);
@@ -104,6 +105,8 @@ private:
    std::uint64_t fRow = 0;
    /// The most value cells in a row.
    std::uint64_t fInstances = 0;
+   /// Of a table of drive attributes.
+   TClosestAttributes fAttributes;
    /// The first row of a table of differences.
    std::vector<std::string> fBaseline;
 };

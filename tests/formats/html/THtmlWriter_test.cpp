@@ -86,7 +86,10 @@ TEST_F(HtmlWriter, CellsOfATableByHand)
    const std::string page = EndRun("fans.html");
    EXPECT_THAT(page, HasSubstr("<th scope=\"col\">Name</th><th scope=\"col\">Missing</th>"));
    EXPECT_THAT(page, HasSubstr("<th scope=\"row\">&lt;Fan&gt;</th>"
-                               "<td>OK<span class=\"raw\">2</span></td>"
+                               "<td><span class=\"state is-ok\"><svg class=\"glyph\" "
+                               "aria-hidden=\"true\"><use href=\"#g-ok\"></use></svg><span "
+                               "class=\"vh\">OK:</span></span>"
+                               "OK<span class=\"raw\">2</span></td>"
                                "<td class=\"num\">23.5</td><td class=\"mono\">&lt;Fan&gt;</td>"));
 }
 

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string_view>
+
+#include "common/StateWords.h"
+#include "html/HtmlSink.h"
+
+/// Writes the shapes of the states once, where a page begins; the marks on it refer to them.
+void WriteStateShapes(THtmlSink& out);
+
+/// Writes shape and word of a state, with a blank behind. The word is only read aloud where the
+/// text that follows begins with it. Missing: nothing for kNone.
+void WriteStateMark(THtmlSink& out, EState state, std::string_view text);
+
+/// The classes of a cell that stands out: a ground for failed, an edge for attention, and the
+/// others are plain. Missing: empty, without a blank.
+TMarkup GetStateClass(EState state);

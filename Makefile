@@ -5,6 +5,8 @@ BASE ?= examples/compare/one-server-two-times/before.mof
 OTHER ?= examples/compare/one-server-two-times/after.mof
 
 TOOL := build/release/bin/qsxreport
+# What stands in a folder of this tree is ours to replace; a folder of yours needs FORCE=--force.
+FORCE ?= $(if $(filter out/%,$(OUT)),--force)
 
 .PHONY: help report hypervisor compare build test sanitize setup format clean
 
@@ -20,7 +22,7 @@ help:
 
 report: OUT ?= out/report
 report: build
-	@$(TOOL) report $(COLLECTION) -o $(OUT) --force
+	@$(TOOL) report "$(COLLECTION)" -o "$(OUT)" $(FORCE)
 	@echo "Pages: file://$(abspath $(OUT))/index.html"
 
 hypervisor: build
@@ -29,7 +31,7 @@ hypervisor: build
 
 compare: OUT ?= out/compare
 compare: build
-	@$(TOOL) compare $(BASE) $(OTHER) -o $(OUT) --force
+	@$(TOOL) compare $(BASE) $(OTHER) -o "$(OUT)" $(FORCE)
 	@echo "Pages: file://$(abspath $(OUT))/index.html"
 
 build: build/release/build.ninja

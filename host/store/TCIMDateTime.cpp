@@ -104,6 +104,15 @@ bool IsDate(const std::string& digits, int known)
    return isMonth && isDay;
 }
 
+/// Puts the number into so many digits; of one that a caller made too wide the last ones stay.
+void PutDigits(unsigned int number, std::size_t start, std::size_t count, std::string& digits)
+{
+   for (std::size_t i = start + count; i > start; --i) {
+      digits[i - 1] = static_cast<char>('0' + number % 10);
+      number /= 10;
+   }
+}
+
 }  // namespace
 
 TCIMDateTime::TCIMDateTime(unsigned short year, unsigned short month, unsigned int day,
@@ -162,12 +171,18 @@ bool TCIMDateTime::Parse(const std::string& text, TCIMDateTime& result)
 
 std::string TCIMDateTime::GetDigits() const
 {
-   // Fields that a caller made up may be too wide; the text keeps its 20 digits.
-   const std::string date =
-      fIsInterval ? fmt::format("{:08}", fDay % 100000000)
-                  : fmt::format("{:04}{:02}{:02}", fYear % 10000, fMonth % 100, fDay % 100);
-   std::string digits = fmt::format("{}{:02}{:02}{:02}{:06}", date, fHours % 100, fMinutes % 100,
-                                    fSeconds % 100, fMicroseconds % 1000000);
+   std::string digits(kAllDigits, '0');
+   if (fIsInterval) {
+      PutDigits(fDay, 0, 8, digits);
+   } else {
+      PutDigits(fYear, 0, 4, digits);
+      PutDigits(fMonth, 4, 2, digits);
+      PutDigits(fDay, 6, 2, digits);
+   }
+   PutDigits(fHours, 8, 2, digits);
+   PutDigits(fMinutes, 10, 2, digits);
+   PutDigits(fSeconds, 12, 2, digits);
+   PutDigits(fMicroseconds, 14, 6, digits);
    for (std::size_t i = fKnownDigits; i < kAllDigits; ++i)
       digits[i] = '*';
    return digits;
@@ -185,11 +200,16 @@ std::string TCIMDateTime::ToString() const
 std::string TCIMDateTime::ToUIString() const
 {
    const std::string digits = GetDigits();
-   const std::string time =
-      digits.substr(8, 2) + ":" + digits.substr(10, 2) + ":" + digits.substr(12, 2);
+   std::string text = "yyyy-mm-dd hh:mm:ss";
+   digits.copy(text.data(), 4, 0);
+   digits.copy(text.data() + 5, 2, 4);
+   digits.copy(text.data() + 8, 2, 6);
+   digits.copy(text.data() + 11, 2, 8);
+   digits.copy(text.data() + 14, 2, 10);
+   digits.copy(text.data() + 17, 2, 12);
    if (!fIsInterval)
-      return digits.substr(0, 4) + "-" + digits.substr(4, 2) + "-" + digits.substr(6, 2) + " " +
-             time;
+      return text;
+   const std::string time = text.substr(11);
    if (fKnownDigits < 8)
       return digits.substr(0, 8) + " days " + time;
    if (fDay == 0)

@@ -60,6 +60,8 @@ const TCIMValue& TPropertyHandle::GetValue()
 {
    // A raw form of its own exists only where the report text is a translation.
    static const TCIMValue kNone;
+   if (!GetReportText().HasTranslations())
+      return kNone;
    const TCIMValue& value = Read();
    return GetReportText().IsTranslation(value) ? value : kNone;
 }
@@ -97,6 +99,8 @@ std::string TPropertyHandle::GetValueString()
 
 std::string TPropertyHandle::GetRawValueString()
 {
+   if (!GetReportText().HasTranslations())
+      return {};
    const TCIMValue& value = Read();
    return GetReportText().IsTranslation(value) ? value.ToString(10) : std::string();
 }

@@ -35,6 +35,9 @@ public:
    /// number with its unit.
    bool IsTranslation(const TCIMValue& value) const;
 
+   /// Whether there is a value whose text is a translation.
+   bool HasTranslations() const { return fHasValues || fUnit != EUnit::kNone; }
+
 private:
    /// An integer of any type: the sign (-1 or 0) and the bits, in the order of the numbers.
    using TInteger = std::pair<int, std::uint64_t>;

@@ -25,7 +25,7 @@ bool HasAnyValue(const TWriter::TProperties& properties)
 }
 
 /// Whether a cell of these may have an untranslated value. A date-time without one is told apart
-/// here, as its texts cost a failed look-up each.
+/// here, as its texts cost a look-up each.
 bool MayHaveRawForm(const TWriter::TProperties& properties)
 {
    if (!HasAnyValue(properties))
@@ -250,8 +250,8 @@ void TSinkWriter::WriteValueCell(boost::shared_ptr<ICIMInstance> instance, TRepo
                                  property.GetSecondaryAssociationTarget());
    const std::string separator = GetArrayValueSeparatorText(property.GetArrayValueSeparator());
    const std::string untranslated =
-      MayHaveRawForm(properties) ? GetValuesFromProperties(properties, separator, true) : "";
-   const std::string text = GetValuesFromProperties(properties, separator, false);
+      MayHaveRawForm(properties) ? fValueText.Make(properties, separator, true) : "";
+   const std::string text = fValueText.Make(properties, separator, false);
    WriteValue(text, untranslated, property.IsMonospaced(), FindState(property.GetProperty(), text));
 }
 

@@ -5,6 +5,7 @@
 
 #include "common/ReportFlow.h"
 #include "writer/TWriter.h"
+#include "writer/ValueText.h"
 
 /// A concrete writer over a sink: it works out the texts of all cells, and the sink gives them
 /// their form. Each format derives from it and brings its sink.
@@ -93,6 +94,8 @@ private:
 
    std::unique_ptr<TReportSink> fSink;
    std::optional<TReportFlow> fFlow;
+   /// Kept from cell to cell, so that a column of date-times looks its qualifier up once.
+   TValueText fValueText = MakeValueText(*this, TValueText::kQualifierOptional);
 
    /// The last title that is no sub-title.
    std::string fTableTitle;

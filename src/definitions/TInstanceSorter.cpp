@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
+#include <memory>
 #include <numeric>
+#include <optional>
 
 #include "definitions/BoundedSort.h"
 #include "definitions/TReportParameters.h"
@@ -27,50 +29,63 @@ class TSortKey
 public:
    TSortKey() = default;
 
-   explicit TSortKey(TCIMValue value) : fValue(std::move(value)) {}
+   explicit TSortKey(TCIMValue value) : fValue(std::move(value))
+   {
+      const bool isDateTime = fValue.GetType() == TCIMValue::TCIMType::kDateTime;
+      if (isDateTime && !fValue.IsNull() && !fValue.IsArray())
+         fDateTime = static_cast<TCIMDateTime>(fValue);
+   }
 
-   const TCIMValue& GetValue() const { return fValue; }
+   /// -1, 0 or 1, by the order of values.
+   int CompareValue(const TSortKey& other) const
+   {
+      if (fDateTime && other.fDateTime)
+         return Compare(*fDateTime, *other.fDateTime);
+      return Compare(fValue, other.fValue);
+   }
 
    bool IsString() const { return fValue.GetType() == TCIMValue::TCIMType::kString; }
 
    /// The text in upper case.
-   const std::string& GetText()
-   {
-      MakeText();
-      return fText;
-   }
+   const std::string& GetText() { return GetWords().fText; }
 
-   bool IsNumber()
-   {
-      MakeText();
-      return fIsNumber;
-   }
+   bool IsNumber() { return GetWords().fIsNumber; }
 
    /// What the text tells when it is a number.
-   long GetNumber()
-   {
-      MakeText();
-      return fNumber;
-   }
+   long GetNumber() { return GetWords().fNumber; }
 
 private:
-   void MakeText()
+   struct TWords
    {
-      if (fHasText)
-         return;
-      fText = fValue.ToString(10);
-      ConvertToUpperCase(fText);
-      fIsNumber = TInstanceSorter::IsNumber(fText);
-      if (fIsNumber)
-         fNumber = std::strtol(fText.c_str(), nullptr, 10);
-      fHasText = true;
+      std::string fText;
+      long fNumber = 0;
+      bool fIsNumber = false;
+   };
+
+   template <typename T>
+   static int Compare(const T& a, const T& b)
+   {
+      return a < b ? -1 : b < a ? 1 : 0;
+   }
+
+   const TWords& GetWords()
+   {
+      if (fWords)
+         return *fWords;
+      fWords = std::make_unique<TWords>();
+      fWords->fText = fValue.ToString(10);
+      ConvertToUpperCase(fWords->fText);
+      fWords->fIsNumber = TInstanceSorter::IsNumber(fWords->fText);
+      if (fWords->fIsNumber)
+         fWords->fNumber = std::strtol(fWords->fText.c_str(), nullptr, 10);
+      return *fWords;
    }
 
    TCIMValue fValue;
-   std::string fText;
-   long fNumber = 0;
-   bool fHasText = false;
-   bool fIsNumber = false;
+   /// Beside the value, so that a sort by time finds it without a look elsewhere.
+   std::optional<TCIMDateTime> fDateTime;
+   /// Made when the key is first compared as text.
+   std::unique_ptr<TWords> fWords;
 };
 
 TSortKey ReadKey(ICIMInstance& instance, const std::string& property)
@@ -123,7 +138,7 @@ int CompareEmbeddedNumbers(const std::string& a, const std::string& b)
 int CompareKeys(const TPropertyInfo& info, TSortKey& a, TSortKey& b)
 {
    if (!a.IsString())
-      return a.GetValue() < b.GetValue() ? -1 : b.GetValue() < a.GetValue() ? 1 : 0;
+      return a.CompareValue(b);
    if (info.fEmbeddedNumeric)
       return CompareEmbeddedNumbers(a.GetText(), b.GetText());
    if (a.IsNumber() && b.IsNumber())

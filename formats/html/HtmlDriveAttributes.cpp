@@ -72,7 +72,7 @@ void WriteAttributeBar(THtmlSink& out, const TDriveAttribute& attribute)
    out << "\"><rect class=\"f-track\" width=\"100%\" height=\"12\"/><rect class=\""_html
        << GetFill(attribute.GetState()) << "\" width=\""_html << TPlace{attribute.fValue, scale}
        << "\" height=\"12\"/>"_html;
-   WriteMark(out, {attribute.fWorst, scale}, "l-faint"_html, "y1=\"3\" y2=\"9\""_html);
+   WriteMark(out, {attribute.fWorst, scale}, "l-short"_html, "y1=\"2\" y2=\"10\""_html);
    if (attribute.fThreshold > 0)
       WriteMark(out, {attribute.fThreshold, scale}, "l-mark"_html, "y1=\"-2\" y2=\"14\""_html);
    out << "</svg>"_html;

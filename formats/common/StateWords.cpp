@@ -184,13 +184,6 @@ char ToLower(char c)
    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-bool IsSameWord(std::string_view a, std::string_view b)
-{
-   return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-             return ToLower(x) == ToLower(y);
-          });
-}
-
 std::string_view Trim(std::string_view text)
 {
    const std::size_t begin = text.find_first_not_of(" \t\r\n");
@@ -209,6 +202,13 @@ EState FindWord(const TStateRule& rule, std::string_view word)
 }
 
 }  // namespace
+
+bool IsSameWord(std::string_view a, std::string_view b)
+{
+   return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
+             return ToLower(x) == ToLower(y);
+          });
+}
 
 EState FindState(std::string_view property, std::string_view text)
 {

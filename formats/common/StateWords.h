@@ -19,3 +19,6 @@ enum class EState : unsigned char
 ///          or unknown only when every one of its words is known.
 /// Missing: kNone where no rule knows the property or the word; nothing is guessed.
 EState FindState(std::string_view property, std::string_view text);
+
+/// Whether the texts differ in the case of their ASCII letters at most.
+bool IsSameWord(std::string_view a, std::string_view b);

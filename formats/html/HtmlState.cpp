@@ -1,7 +1,5 @@
 #include "html/HtmlState.h"
 
-#include <algorithm>
-
 namespace {
 
 constexpr std::string_view kFailed = "Failed";
@@ -42,18 +40,6 @@ TMarkup GetName(EState state)
    return "unknown"_html;
 }
 
-char ToLower(char c)
-{
-   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool BeginsWith(std::string_view text, std::string_view word)
-{
-   return text.size() >= word.size() &&
-          std::equal(word.begin(), word.end(), text.begin(),
-                     [](char a, char b) { return ToLower(a) == ToLower(b); });
-}
-
 }  // namespace
 
 void WriteStateShapes(THtmlSink& out)
@@ -84,7 +70,8 @@ void WriteStateMark(THtmlSink& out, EState state, std::string_view text)
    out << "<span class=\"state is-"_html << name
        << "\"><svg class=\"glyph\" aria-hidden=\"true\"><use href=\"#g-"_html << name
        << "\"></use></svg>"_html;
-   if (BeginsWith(text, word))
+   const bool saysSo = IsSameWord(text.substr(0, word.size()), word);
+   if (saysSo)
       out << "<span class=\"vh\">"_html << TText{word} << ":</span></span>"_html;
    else
       out << TText{word} << "</span> "_html;

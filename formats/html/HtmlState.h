@@ -12,6 +12,6 @@ void WriteStateShapes(THtmlSink& out);
 /// text that follows begins with it. Missing: nothing for kNone.
 void WriteStateMark(THtmlSink& out, EState state, std::string_view text);
 
-/// The classes of a cell that stands out: a ground for failed, an edge for attention, and the
+/// The class of a cell that stands out: a ground for failed, an edge for attention, and the
 /// others are plain. Missing: empty, without a blank.
 TMarkup GetStateClass(EState state);

@@ -1,6 +1,8 @@
 #include "TCIMDateTime.h"
 
+#include <array>
 #include <cstddef>
+#include <string_view>
 #include <tuple>
 
 #include <fmt/format.h>
@@ -21,7 +23,7 @@ bool IsDigit(char character)
    return character >= '0' && character <= '9';
 }
 
-unsigned int ReadDigits(const std::string& digits, std::size_t begin, std::size_t count)
+unsigned int ReadDigits(std::string_view digits, std::size_t begin, std::size_t count)
 {
    unsigned int number = 0;
    for (std::size_t i = begin; i < begin + count; ++i)
@@ -31,12 +33,13 @@ unsigned int ReadDigits(const std::string& digits, std::size_t begin, std::size_
 
 /// How many digits stand before the first asterisk. Missing: -1 when a digit follows an asterisk or
 /// anything else is among them.
-int CountKnownDigits(const std::string& digits)
+int CountKnownDigits(std::string_view digits)
 {
    std::size_t known = 0;
    while (known < digits.size() && IsDigit(digits[known]))
       ++known;
-   return digits.find_first_not_of('*', known) == std::string::npos ? static_cast<int>(known) : -1;
+   return digits.find_first_not_of('*', known) == std::string_view::npos ? static_cast<int>(known)
+                                                                         : -1;
 }
 
 /// Whole fields are left open, and single digits of the microseconds.
@@ -84,14 +87,14 @@ std::int64_t GetDayNumber(std::int64_t year, std::int64_t month, std::int64_t da
    return era * 146097 + dayOfEra - 719468;
 }
 
-bool IsTimeOfDay(const std::string& digits)
+bool IsTimeOfDay(std::string_view digits)
 {
    constexpr unsigned int kLeapSecond = 60;
    return ReadDigits(digits, 8, 2) < 24 && ReadDigits(digits, 10, 2) < 60 &&
           ReadDigits(digits, 12, 2) <= kLeapSecond;
 }
 
-bool IsDate(const std::string& digits, int known)
+bool IsDate(std::string_view digits, int known)
 {
    // The date of a default value is what sources write for "never".
    if (digits.compare(0, 8, "00000000") == 0)
@@ -133,8 +136,11 @@ bool TCIMDateTime::Parse(const std::string& text, TCIMDateTime& result)
    if (text.size() != kLength || text[kPoint] != '.')
       return false;
    const char sign = text[kSign];
-   const std::string digits = text.substr(0, kPoint) + text.substr(kPoint + 1, 6);
-   const std::string offset = text.substr(kSign + 1);
+   std::array<char, kAllDigits> buffer;
+   text.copy(buffer.data(), kPoint);
+   text.copy(buffer.data() + kPoint, kAllDigits - kPoint, kPoint + 1);
+   const std::string_view digits(buffer.data(), buffer.size());
+   const std::string_view offset = std::string_view(text).substr(kSign + 1);
    const bool isInterval = sign == ':';
    const bool isOffsetKnown = offset != "***";
    const int known = CountKnownDigits(digits);

@@ -35,8 +35,9 @@ class TPagesRun : public IWriterRun<Writer>
 {
 public:
    explicit TPagesRun(const TWriterSettings& settings)
-      : fWriter(settings.fOnPage, THtmlOptions{settings.fBaseDirectory, settings.fSource,
-                                               settings.fWritten, settings.fProgram})
+      : fWriter(settings.fOnPage,
+                THtmlOptions{settings.fBaseDirectory, settings.fSource, settings.fWritten,
+                             settings.fProgram, settings.fComparedFiles})
    {}
 
    Writer& GetWriter() override { return fWriter; }

@@ -19,6 +19,8 @@ struct TWriterSettings
    std::string fBaseDirectory;
    /// The collections, the time and the program, for the reader of the pages.
    std::string fSource;
+   /// compare: the file of each system. Missing: empty with the other commands.
+   std::vector<std::string> fComparedFiles;
    std::string fWritten;
    std::string fProgram;
    /// Told the link name of each page that is begun.

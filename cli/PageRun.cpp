@@ -74,6 +74,8 @@ public:
       settings.fFormatName = choice.fName;
       settings.fBaseDirectory = fOptions.fBaseDirectory;
       settings.fSource = DescribeSource(fOptions);
+      if (fOptions.fCommand == ECommand::kCompare)
+         settings.fComparedFiles = fOptions.fCollections;
       settings.fWritten = DescribeTime();
       settings.fProgram = std::string("qsxreport ") + QSX_VERSION;
       settings.fOnPage = [this](const std::string& page) { fConsole.Progress("Writing " + page); };

@@ -2,6 +2,8 @@
 
 #include <initializer_list>
 
+#include "common/SystemLabels.h"
+
 namespace {
 
 struct TSource
@@ -13,8 +15,8 @@ struct TSource
 class TFactReader
 {
 public:
-   explicit TFactReader(const boost::shared_ptr<ICIMNamespace>& cimNamespace)
-      : fNamespace(cimNamespace)
+   TFactReader(const boost::shared_ptr<ICIMNamespace>& cimNamespace, const TContext& context)
+      : fNamespace(cimNamespace), fContext(context)
    {}
 
    /// The first source that has a text; "" where none has.
@@ -32,14 +34,16 @@ private:
    std::string ReadOne(const TSource& source)
    {
       try {
-         const boost::shared_ptr<ICIMClass> cimClass = fNamespace->GetClass(source.fClass, {});
+         const boost::shared_ptr<ICIMClass> cimClass =
+            fNamespace->GetClass(source.fClass, fContext);
          if (!cimClass)
             return {};
          std::vector<boost::shared_ptr<ICIMInstance>> instances;
-         cimClass->EnumerateInstances(TAddToVectorCallback<ICIMInstance>(instances), true, {});
+         cimClass->EnumerateInstances(TAddToVectorCallback<ICIMInstance>(instances), true,
+                                      fContext);
          if (instances.empty())
             return {};
-         const auto property = instances.front()->GetProperty(source.fProperty, {});
+         const auto property = instances.front()->GetProperty(source.fProperty, fContext);
          return property ? property->GetValueString() : std::string();
       } catch (const TQSXException&) {
          return {};
@@ -47,6 +51,7 @@ private:
    }
 
    boost::shared_ptr<ICIMNamespace> fNamespace;
+   const TContext fContext;
 };
 
 /// Joins what is there with the text.
@@ -72,13 +77,14 @@ std::string WithoutTrailingDash(std::string text)
 
 }  // namespace
 
-TRunFacts ReadRunFacts(const boost::shared_ptr<ICIMNamespace>& cimNamespace)
+TRunFacts ReadRunFacts(const boost::shared_ptr<ICIMNamespace>& cimNamespace,
+                       const TContext& context)
 {
    TRunFacts facts;
    if (!cimNamespace)
       return facts;
 
-   TFactReader reader(cimNamespace);
+   TFactReader reader(cimNamespace, context);
    const auto read = [&reader](std::initializer_list<TSource> sources) {
       return reader.Read(sources);
    };
@@ -111,4 +117,24 @@ TRunFacts ReadRunFacts(const boost::shared_ptr<ICIMNamespace>& cimNamespace)
        build.empty() ? "" : "build " + build},
       ", ");
    return facts;
+}
+
+std::vector<TComparedSystem> ReadComparedSystems(
+   const boost::shared_ptr<ICIMNamespace>& cimNamespace, const std::vector<std::string>& labels,
+   const std::vector<std::string>& files)
+{
+   std::vector<TComparedSystem> systems;
+   for (std::size_t i = 0; i < labels.size(); ++i) {
+      const TContext context = {{"nsIndex", TCIMValue(static_cast<unsigned short>(i))}};
+      const TRunFacts facts = ReadRunFacts(cimNamespace, context);
+      TComparedSystem system;
+      system.fLabel = labels[i];
+      system.fSerialNumber = facts.fSerialNumber;
+      system.fSystem = facts.fSystem;
+      system.fCollected = facts.fCollected;
+      system.fTimeZone = facts.fTimeZone;
+      system.fFile = i < files.size() ? GetFileName(files[i]) : "";
+      systems.push_back(system);
+   }
+   return systems;
 }

@@ -2,6 +2,8 @@
 
 namespace {
 
+/// More names than these make no title.
+constexpr std::size_t kMostNames = 3;
 constexpr const char* kUnnamed = "Unnamed system";
 
 }  // namespace
@@ -10,8 +12,10 @@ std::string TRunFacts::GetName() const
 {
    if (!IsComparison())
       return fMachine.empty() ? kUnnamed : fMachine;
+   if (fComparedSystems.size() > kMostNames)
+      return "Comparison of " + std::to_string(fComparedSystems.size()) + " systems";
    std::string name;
-   for (const std::string& system : fComparedSystems)
-      name += (name.empty() ? "" : ", ") + system;
+   for (const TComparedSystem& system : fComparedSystems)
+      name += (name.empty() ? "" : ", ") + system.fLabel;
    return name;
 }

@@ -5,6 +5,7 @@
 #include "common/ByteDump.h"
 #include "common/ReadRunFacts.h"
 #include "common/RecordColumns.h"
+#include "common/SystemLabels.h"
 
 namespace {
 
@@ -60,8 +61,8 @@ std::string GetSeparatorText(TReportParameters::TReportProperty::ArrayValueSepar
 }
 
 TSinkWriter::TSinkWriter(std::unique_ptr<TReportSink> sink, std::string outputFormat,
-                         std::string baseDirectory)
-   : fSink(std::move(sink))
+                         std::string baseDirectory, std::vector<std::string> comparedFiles)
+   : fSink(std::move(sink)), fComparedFiles(std::move(comparedFiles))
 {
    fOutputFormat = std::move(outputFormat);
    fBaseDirectory = std::move(baseDirectory);
@@ -76,7 +77,8 @@ void TSinkWriter::Initialize(boost::shared_ptr<ICIMNamespace> cimNamespace, TCon
    fIsCadenzaPage = false;
 
    TRunFacts facts = ReadRunFacts(fNamespace);
-   facts.fComparedSystems = fNamespaceLabels;
+   MakeLabelsDistinct(fNamespaceLabels, fComparedFiles);
+   facts.fComparedSystems = ReadComparedSystems(fNamespace, fNamespaceLabels, fComparedFiles);
    fFlow.emplace(*fSink, LogNotice);
    fFlow->BeginRun(fOutputDirectory, facts);
 }

@@ -76,8 +76,10 @@ public:
 
 protected:
    /// The output format's name is what reports test against "html".
+   /// comparedFiles: the collections of a comparison, the base first; labels that are equal get the
+   /// names of their files.
    TSinkWriter(std::unique_ptr<TReportSink> sink, std::string outputFormat,
-               std::string baseDirectory);
+               std::string baseDirectory, std::vector<std::string> comparedFiles = {});
    ~TSinkWriter() = default;
 
 private:
@@ -93,6 +95,7 @@ private:
                          const TReportProperty& property);
 
    std::unique_ptr<TReportSink> fSink;
+   const std::vector<std::string> fComparedFiles;
    std::optional<TReportFlow> fFlow;
    /// Kept from cell to cell, so that a column of date-times looks its qualifier up once.
    TValueText fValueText = MakeValueText(*this, TValueText::kQualifierOptional);

@@ -1,7 +1,7 @@
 #include "html/HtmlBody.h"
 
-THtmlBody::THtmlBody(TOutputFile& spool, THtmlPage& page)
-   : fOut(spool), fPage(page), fBody(spool, page)
+THtmlBody::THtmlBody(TOutputFile& spool, THtmlPage& page, const THtmlSystems& systems)
+   : fOut(spool), fPage(page), fBody(spool, page), fSystems(systems)
 {}
 
 void THtmlBody::WriteReportTitle(const std::string& title, const std::string& linkText,
@@ -73,6 +73,8 @@ void THtmlBody::Finish()
    CloseGroup();
    if (fWaiting)
       WriteTitleWithoutTable(true);
+   else if (!fHasContent && !fSystems.IsEmpty())
+      fOut << "<p class=\"none\">Nothing differs.</p>\n"_html;
    else if (!fHasContent)
       fOut << "<p class=\"none\">No data.</p>\n"_html;
    fBody.Finish();
@@ -104,10 +106,12 @@ void THtmlBody::WriteTitleWithoutTable(bool isEmpty)
 {
    BeginNextFileWhenFull();
    const bool isThird = fWaiting->fIsSubTitle && fFileHasMainTitle;
+   const bool isDifference = fWaiting->fIsSubTitle && fWaiting->fIsEmphasised;
    const TText title{fWaiting->fText};
    fOut << "<div class=\"block-head alone\">"_html;
    if (isThird)
-      fOut << "<h3>"_html << title << "</h3>"_html;
+      fOut << (isDifference ? "<h3 class=\"emphasised\">"_html : "<h3>"_html) << title
+           << "</h3>"_html;
    else if (fWaiting->fIsSubTitle || isEmpty)
       fOut << "<h2>"_html << title << "</h2>"_html;
    else {
@@ -116,7 +120,9 @@ void THtmlBody::WriteTitleWithoutTable(bool isEmpty)
            << "</h2>"_html;
    }
    fOut << "</div>\n"_html;
-   if (isEmpty)
+   if (isEmpty && isDifference)
+      fOut << "<p class=\"none\">In properties that this report does not show.</p>\n"_html;
+   else if (isEmpty)
       fOut << "<p class=\"none\">No data.</p>\n"_html;
    fFileHasMainTitle = true;
    fHasContent = true;
@@ -163,6 +169,7 @@ void THtmlBody::CloseGroup()
 THtmlHeading THtmlBody::MakeHeading()
 {
    THtmlHeading heading;
+   heading.fSystems = &fSystems;
    heading.fIsSubTable = fSubTitle.has_value();
    heading.fName = fSubTitle ? fSubTitle->fText : fMainTitle;
    if (heading.fName.empty())

@@ -14,7 +14,8 @@
 class THtmlBody final : public TPageSink
 {
 public:
-   THtmlBody(TOutputFile& spool, THtmlPage& page);
+   /// systems: empty unless it is a comparison.
+   THtmlBody(TOutputFile& spool, THtmlPage& page, const THtmlSystems& systems);
 
    void WriteReportTitle(const std::string& title, const std::string& linkText,
                          const std::string& linkTarget) override;
@@ -40,6 +41,7 @@ private:
    THtmlSink fOut;
    THtmlPage& fPage;
    TBodySpool fBody;
+   const THtmlSystems& fSystems;
    TTableShape fShape;
    /// Missing: empty until the table has a row.
    std::unique_ptr<THtmlTable> fTable;

@@ -42,10 +42,26 @@ void WriteSideMachine(THtmlSink& out, const TRunFacts& facts)
    out << "</p>\n"_html;
 }
 
+/// The compared systems below the word for them.
+void WriteSideSystems(THtmlSink& out, const THtmlSystems& systems)
+{
+   out << "<p class=\"side-machine\"><a href=\""_html << TFileUrl{kFrontPageFile}
+       << "\">Comparison</a>"_html;
+   for (std::size_t system = 0; system < systems.GetCount(); ++system) {
+      out << "<span class=\"of\">"_html;
+      systems.Write(out, system);
+      out << "</span>"_html;
+   }
+   out << "</p>\n"_html;
+}
+
 void WriteSideBar(THtmlSink& out, const THtmlSite& site, std::size_t currentPage)
 {
    out << "<nav class=\"side\" id=\"reports\" popover aria-label=\"Reports\">\n"_html;
-   WriteSideMachine(out, site.fFacts);
+   if (site.fSystems.IsEmpty())
+      WriteSideMachine(out, site.fFacts);
+   else
+      WriteSideSystems(out, site.fSystems);
    out << "<ul>\n<li><a href=\""_html << TFileUrl{kFrontPageFile} << "\""_html;
    if (currentPage == TReportIndex::kNoPage)
       out << " aria-current=\"page\""_html;
@@ -77,7 +93,9 @@ std::string GetShownName(const TReportIndex::TEntry& entry)
 
 void WriteRowCount(THtmlSink& out, const THtmlSite& site, const TReportIndex::TEntry& entry)
 {
-   if (entry.fHasData && entry.fPage == TReportIndex::kNoPage)
+   if (!site.fSystems.IsEmpty())
+      out << TCount{entry.IsLinked() ? site.fPages[entry.fPage].fDifferences.GetCount() : 0};
+   else if (entry.fHasData && entry.fPage == TReportIndex::kNoPage)
       out << "no page"_html;
    else if (!entry.IsLinked() || site.GetRows(entry) == 0)
       out << "no data"_html;

@@ -16,6 +16,8 @@ struct THtmlSite
    const THtmlOptions& fOptions;
    const TReportIndex& fIndex;
    const std::vector<THtmlPage>& fPages;
+   /// Empty unless it is a comparison.
+   const THtmlSystems& fSystems;
 
    /// Number of rows of an entry's page.
    std::uint64_t GetRows(const TReportIndex::TEntry& entry) const;
@@ -34,5 +36,6 @@ void WriteFrameEnd(THtmlSink& out, const THtmlSite& site, const std::string& tit
 /// The name of an entry as readers see it: one without a name has its link name.
 std::string GetShownName(const TReportIndex::TEntry& entry);
 
-/// Writes the number of rows of an entry, or a word where there are none.
+/// Writes the number of rows of an entry, or a word where there are none. In a comparison: how
+/// many instances differ, are missing or are unique.
 void WriteRowCount(THtmlSink& out, const THtmlSite& site, const TReportIndex::TEntry& entry);

@@ -2,6 +2,8 @@
 
 #include <initializer_list>
 
+#include "html/HtmlComparison.h"
+
 namespace {
 
 /// One field of the title block; it is left out when nothing is known.
@@ -22,8 +24,7 @@ void WriteField(THtmlSink& out, TMarkup label, std::initializer_list<std::string
 void WriteMachine(THtmlSink& out, const TRunFacts& facts)
 {
    out << "<div class=\"plate-name\"><dt>"_html
-       << (facts.IsComparison() ? "Compared systems"_html : "Machine"_html) << "</dt><dd><h1>"_html
-       << TText{facts.GetName()} << "</h1>"_html;
+       << "Machine</dt><dd><h1>"_html << TText{facts.GetName()} << "</h1>"_html;
    const bool hasSerialNumber = !facts.fSerialNumber.empty();
    if (!facts.fProduct.empty() || hasSerialNumber) {
       out << "<p><bdi>"_html << TText{facts.fProduct} << "</bdi>"_html;
@@ -97,6 +98,8 @@ void WriteIndex(THtmlSink& out, const THtmlSite& site)
 
 void WriteFrontPage(THtmlSink& out, const THtmlSite& site)
 {
+   if (!site.fSystems.IsEmpty())
+      return WriteComparisonFrontPage(out, site);
    WriteFrameBegin(out, site, site.fFacts.GetName(), TReportIndex::kNoPage);
    WriteTitleBlock(out, site);
    // Health and pictures go between the two.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 /// What the caller of the HTML writer knows and the collection doesn't.
 struct THtmlOptions
@@ -14,4 +15,6 @@ struct THtmlOptions
    std::string fWritten;
    /// The program and its version. Missing: empty.
    std::string fProgram;
+   /// In a comparison: the collection's file of each system, the base first. Missing: empty.
+   std::vector<std::string> fComparedFiles;
 };

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "html/PageDifferences.h"
+
 /// A run of bytes in the spool of a run.
 struct TSpan
 {
@@ -46,6 +48,8 @@ struct THtmlPage
    std::vector<THtmlTableEntry> fTables;
    unsigned fTableCount = 0;
    std::uint64_t fRows = 0;
+   /// In a comparison.
+   TPageDifferences fDifferences;
 
    /// Files are counted from 0.
    std::string GetFileName(std::size_t file) const

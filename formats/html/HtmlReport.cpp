@@ -10,9 +10,11 @@ void THtmlReport::BeginRun(const std::string& outputDirectory, const TRunFacts& 
 {
    fOutputDirectory = outputDirectory;
    fFacts = facts;
+   fSystems = THtmlSystems(facts);
    fNames = TPageNames();
    fNames.Reserve("index");
    fPages.clear();
+   fCounter.reset();
    fBody.reset();
    fSpool.emplace(TOutputFile::MakeTemporary(outputDirectory));
 }
@@ -23,18 +25,23 @@ void THtmlReport::BeginPage(const std::string& linkName)
    page.fLinkName = linkName;
    page.fFileStem = fNames.Assign(linkName);
    fPages.push_back(std::move(page));
-   fBody = std::make_unique<THtmlBody>(*fSpool, fPages.back());
+   fBody = std::make_unique<THtmlBody>(*fSpool, fPages.back(), fSystems);
+   if (!fSystems.IsEmpty())
+      fCounter.emplace(fSystems, fPages.back().fDifferences);
 }
 
 void THtmlReport::EndPage()
 {
+   if (fCounter)
+      fCounter->Finish();
+   fCounter.reset();
    fBody->Finish();
    fBody.reset();
 }
 
 void THtmlReport::EndRun(const TReportIndex& index)
 {
-   const THtmlSite site{fFacts, fOptions, index, fPages};
+   const THtmlSite site{fFacts, fOptions, index, fPages, fSystems};
    const std::vector<TReportIndex::TPlace> places = index.GetPlaces();
    for (std::size_t page = 0; page < fPages.size(); ++page)
       WriteReportPage(fOutputDirectory, site, page, places[page], *fSpool);
@@ -58,6 +65,8 @@ void THtmlReport::WriteReportTitle(const std::string& title, const std::string& 
 
 void THtmlReport::WriteTableTitle(const TTableTitle& title)
 {
+   if (fCounter)
+      fCounter->OnTitle(title);
    fBody->WriteTableTitle(title);
 }
 
@@ -68,15 +77,21 @@ void THtmlReport::WriteNote(const std::string& text)
 
 void THtmlReport::BeginTable(const TTableShape& shape)
 {
+   if (fCounter)
+      fCounter->OnTable(shape);
    fBody->BeginTable(shape);
 }
 
 void THtmlReport::WriteRows(const TTableRows& rows)
 {
+   if (fCounter)
+      fCounter->OnRows(rows);
    fBody->WriteRows(rows);
 }
 
 void THtmlReport::EndTable()
 {
    fBody->EndTable();
+   if (fCounter)
+      fCounter->OnTableEnd(fPages.back().fFiles.size() - 1, fPages.back().fTableCount);
 }

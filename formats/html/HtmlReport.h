@@ -38,8 +38,11 @@ private:
    const THtmlOptions fOptions;
    std::string fOutputDirectory;
    TRunFacts fFacts;
+   THtmlSystems fSystems;
    TPageNames fNames;
    std::optional<TOutputFile> fSpool;
    std::vector<THtmlPage> fPages;
    std::unique_ptr<THtmlBody> fBody;
+   /// Missing: empty unless it is a comparison.
+   std::optional<TDifferenceCounter> fCounter;
 };

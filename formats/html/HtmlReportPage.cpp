@@ -1,5 +1,7 @@
 #include "html/HtmlReportPage.h"
 
+#include "html/HtmlComparison.h"
+
 namespace {
 
 /// A list of tables longer than this helps nobody.
@@ -78,12 +80,23 @@ private:
       fOut << ">"_html << TText{GetTitle()} << "</h1>"_html;
       WriteTitleLink();
       fOut << "</div>\n<p class=\"page-meta\">"_html;
+      if (!fSite.fSystems.IsEmpty())
+         return WriteDifferences();
       if (fPage.fTableCount > 0)
          fOut << TCount{fPage.fTableCount}
               << (fPage.fTableCount == 1 ? " table, "_html : " tables, "_html)
               << TCount{fPage.fRows} << (fPage.fRows == 1 ? " row. "_html : " rows. "_html);
       WriteCollected();
       fOut << "</p>\n</header>\n"_html;
+   }
+
+   void WriteDifferences()
+   {
+      if (fPage.fDifferences.GetCount() > 0)
+         WriteDifferenceCounts(fOut, fPage.fDifferences);
+      else
+         fOut << "Nothing differs"_html;
+      fOut << ".</p>\n</header>\n"_html;
    }
 
    /// The link is left out where its page was not written.
@@ -122,7 +135,7 @@ private:
             fOut << TFileUrl{fPage.GetFileName(tables[i].fFile)};
          fOut << "#"_html << TText{tables[i].fAnchor} << "\">"_html << TText{tables[i].fTitle}
               << "</a>"_html;
-         if (tables[i].fRows > 0)
+         if (tables[i].fRows > 0 && fSite.fSystems.IsEmpty())
             fOut << "<span class=\"num\">"_html << TCount{tables[i].fRows} << "</span>"_html;
          fOut << "</li>\n"_html;
       }

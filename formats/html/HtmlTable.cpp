@@ -97,8 +97,9 @@ void THtmlTable::BeginPart(const TTableRows& rows, std::size_t firstRow)
       std::min<std::uint64_t>(rows.GetRowCount(), firstRow + kRowsPerFile));
    const std::size_t columns = std::max(fShape.fLabels.size(), rows.GetCellCount(firstRow));
    for (std::size_t c = 0; c < columns; ++c) {
-      part.fLooks.push_back(IsColumnTable() ? JudgeColumn(rows, firstRow, endRow, c)
-                                            : EColumnLook::kText);
+      part.fLooks.push_back(IsColumnTable() && !IsDifference()
+                               ? JudgeColumn(rows, firstRow, endRow, c)
+                               : EColumnLook::kText);
       const bool hasLabel = c < fShape.fLabels.size();
       const std::string_view label = hasLabel ? std::string_view(fShape.fLabels[c]) : "";
       part.fLeastWidth +=
@@ -149,7 +150,7 @@ void THtmlTable::WriteCells(const TTableRows& rows, std::size_t row)
 {
    TPart& part = fParts.back();
    const std::size_t cells = rows.GetCellCount(row);
-   const bool isDifference = fShape.fMarked && fShape.fHasRowLabels && IsColumnTable();
+   const bool isDifference = IsDifference();
    std::uint64_t values = 0;
    std::optional<TDriveAttribute> attribute;
    if (fShape.fDriveAttributes)
@@ -169,7 +170,8 @@ void THtmlTable::WriteCells(const TTableRows& rows, std::size_t row)
          fOut << "<th scope=\"row\""_html;
          WriteCellLook(fOut, cell, look);
          fOut << ">"_html;
-         WriteCellContent(fOut, cell);
+         if (!isDifference || !WriteSystemLabel(cell))
+            WriteCellContent(fOut, cell);
          fOut << "</th>"_html;
          continue;
       }
@@ -263,8 +265,9 @@ void THtmlTable::WriteHeading(const TPart& part)
       fOut << (isThird ? "<h3"_html : "<h2"_html);
       if (fHeading.fIsEmphasised)
          fOut << " class=\"emphasised\""_html;
-      fOut << " id=\"t"_html << TNumber{fNumber} << "-h\">"_html << TText{fHeading.fTitle}
-           << " <a class=\"anchor\" href=\"#t"_html << TNumber{fNumber}
+      fOut << " id=\"t"_html << TNumber{fNumber} << "-h\">"_html;
+      WriteTitle();
+      fOut << " <a class=\"anchor\" href=\"#t"_html << TNumber{fNumber}
            << "\" aria-label=\"Link to "_html << TText{fHeading.fTitle} << "\">#</a>"_html
            << (isThird ? "</h3>\n"_html : "</h2>\n"_html);
    }
@@ -276,10 +279,39 @@ void THtmlTable::WriteHeading(const TPart& part)
    fOut << "</div>\n"_html;
 }
 
+/// In a comparison the title may name systems: each has its letter.
+void THtmlTable::WriteTitle()
+{
+   if (IsComparison() && fHeading.fIsEmphasised) {
+      const TComparedHeading heading(fHeading.fTitle, *fHeading.fSystems);
+      TMarkup before =
+         heading.fKind == TComparedHeading::kMissing ? "Missing from "_html : "Unique to "_html;
+      for (const std::size_t system : heading.fSystems) {
+         fOut << before;
+         fHeading.fSystems->Write(fOut, system);
+         before = ", "_html;
+      }
+      if (!heading.fSystems.empty())
+         return;
+   }
+   fOut << TText{fHeading.fTitle};
+}
+
+/// Missing: false where the cell names no system; nothing is written then.
+bool THtmlTable::WriteSystemLabel(const TCell& cell)
+{
+   const std::size_t system =
+      IsComparison() ? fHeading.fSystems->Find(cell.fText) : THtmlSystems::kNone;
+   if (system == THtmlSystems::kNone)
+      return false;
+   fHeading.fSystems->Write(fOut, system);
+   return true;
+}
+
 void THtmlTable::WriteCount(const TPart& part)
 {
    // The columns of a row table are soon counted.
-   if (!IsColumnTable() && !IsSplit())
+   if ((!IsColumnTable() || IsComparison()) && !IsSplit())
       return;
    fOut << "<p class=\"count\">"_html;
    if (IsSplit())

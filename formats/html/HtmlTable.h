@@ -26,6 +26,8 @@ struct THtmlHeading
    bool fIsEmphasised = false;
    /// A table above, under the same title, has the switch for the untranslated values of both.
    bool fHasSwitchAbove = false;
+   /// Empty unless it is a comparison.
+   const THtmlSystems* fSystems = nullptr;
 };
 
 /// Writes one table into the body of a page, over as many files as it takes.
@@ -85,7 +87,22 @@ private:
 
    bool IsColumnTable() const { return fShape.fKind == ETableKind::kColumns; }
 
-   bool HasRowNumbers() const { return IsColumnTable() && !fShape.fHasRowLabels; }
+   bool IsComparison() const
+   {
+      return fHeading.fSystems != nullptr && !fHeading.fSystems->IsEmpty();
+   }
+
+   /// In a comparison a table is of one instance.
+   bool HasRowNumbers() const
+   {
+      return IsColumnTable() && !fShape.fHasRowLabels && !IsComparison();
+   }
+
+   /// What differs from the first row.
+   bool IsDifference() const { return fShape.fMarked && fShape.fHasRowLabels && IsColumnTable(); }
+
+   void WriteTitle();
+   bool WriteSystemLabel(const TCell& cell);
 
    bool NeedsSwitch(const TPart& part) const
    {

@@ -3,7 +3,8 @@
 #include "html/HtmlReport.h"
 
 THtmlWriter::THtmlWriter(const THtmlOptions& options)
-   : TSinkWriter(std::make_unique<THtmlReport>(options), "html", options.fBaseDirectory)
+   : TSinkWriter(std::make_unique<THtmlReport>(options), "html", options.fBaseDirectory,
+                 options.fComparedFiles)
 {}
 
 THtmlWriter::~THtmlWriter() = default;

@@ -144,6 +144,13 @@ void THtmlBody::SettleTitles()
          fMainLabels = fShape.fLabels;
       return;
    }
+   // In a comparison the next instance is what is not marked.
+   const bool isNextInstance =
+      !fSystems.IsEmpty() && fSubTitle && fSubTitle->fIsEmphasised && !fShape.fMarked;
+   if (isNextInstance) {
+      fSubTitle.reset();
+      CloseGroup();
+   }
    if (fSubTitle && !fShape.fLabels.empty() && fShape.fLabels == fMainLabels) {
       fSubTitle.reset();
       CloseGroup();

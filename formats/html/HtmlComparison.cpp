@@ -7,6 +7,8 @@
 namespace {
 
 constexpr std::size_t kMostOutliers = 10;
+// Units: bytes. The page that the line leads to has the whole text.
+constexpr std::size_t kLongestValue = 120;
 /// So that one report does not fill the list alone.
 constexpr std::size_t kFirstOutliers = 2;
 
@@ -242,9 +244,9 @@ private:
       if (!outlier.fItem.empty() && outlier.fItem != section)
          fOut << " <small>"_html << TText{section} << "</small>"_html;
       fOut << "</th><td>"_html << TText{outlier.fProperty} << "</td><td class=\"majority\">"_html;
-      WriteValue(outlier.fMajority);
+      WriteValue(outlier.fMajority, outlier.fValue);
       fOut << "</td><td class=\"outlier\">"_html;
-      WriteValue(outlier.fValue);
+      WriteValue(outlier.fValue, outlier.fMajority);
       fOut << "</td>"_html;
       if (HasMajority()) {
          fOut << "<td class=\"on\">"_html;
@@ -254,16 +256,34 @@ private:
       fOut << "</tr>\n"_html;
    }
 
-   /// A text that fills pages is told by its length.
-   void WriteValue(const std::string& value)
+   /// Of a text of several lines, the first one that differs from the other text.
+   void WriteValue(const std::string& value, const std::string& other)
    {
-      const auto lines = static_cast<std::uint64_t>(std::count(value.begin(), value.end(), '\n'));
-      if (lines > 0)
-         fOut << TCount{lines + 1} << " lines"_html;
-      else if (value.empty())
+      std::uint64_t line = 1;
+      std::size_t begin = 0;
+      const std::size_t common = std::min(value.size(), other.size());
+      for (std::size_t i = 0; i < common && value[i] == other[i]; ++i)
+         if (value[i] == '\n') {
+            ++line;
+            begin = i + 1;
+         }
+      if (value.find('\n') != std::string::npos || other.find('\n') != std::string::npos)
+         fOut << "line "_html << TCount{line} << ": "_html;
+      WriteShort(value.substr(begin, value.find('\n', begin) - begin));
+   }
+
+   void WriteShort(const std::string& text)
+   {
+      if (IsBlank(text))
          fOut << "no value"_html;
-      else
-         fOut << TText{value};
+      else if (text.size() <= kLongestValue)
+         fOut << TText{text};
+      else {
+         std::size_t end = kLongestValue;
+         while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
+            --end;
+         fOut << TText{std::string_view(text).substr(0, end)} << "\u2026"_html;
+      }
    }
 
    void WriteReports()

@@ -31,9 +31,10 @@ void MakeLabelsDistinct(std::vector<std::string>& labels, const std::vector<std:
       if (!given[i].empty() && IsAlone(given, given[i]))
          continue;
       std::string name = i < names.size() ? names[i] : "";
-      if (!name.empty() && !IsAlone(names, name))
+      const bool isFileAlone = !name.empty() && IsAlone(files, files[i]);
+      if (isFileAlone && !IsAlone(names, name))
          name = files[i];
-      if (name.empty() || !IsAlone(files, files[i]))
+      if (!isFileAlone)
          name += (name.empty() ? "system " : ", system ") + std::to_string(i + 1);
       labels[i] += labels[i].empty() ? name : " (" + name + ")";
    }

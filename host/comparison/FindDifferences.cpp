@@ -12,6 +12,7 @@ namespace NZANQSX20 {
 namespace {
 
 using TStores = std::vector<const TMemoryStore*>;
+using TAddFinding = std::function<void(const TFinding&)>;
 
 constexpr TSlot kNoSlot = std::numeric_limits<TSlot>::max();
 
@@ -141,10 +142,10 @@ class TClassComparison
 {
 public:
    TClassComparison(const TStores& stores, const TStoredClass& storedClass,
-                    const TIgnoredProperties& ignored, std::vector<TFinding>& findings)
+                    const TIgnoredProperties& ignored, const TAddFinding& add)
       : fClassName(storedClass.GetName()),
         fProperties(GetComparedProperties(stores, storedClass, ignored)),
-        fFindings(findings)
+        fAdd(add)
    {
       const TMatches matches(stores, fClassName);
       for (const TMatch& match : matches.Get())
@@ -187,24 +188,23 @@ private:
    void Add(EFindingType type, const TMatch& match, const std::string& property,
             std::vector<std::size_t> namespaces)
    {
-      fFindings.push_back({type, fClassName, match.fPath, property, std::move(namespaces)});
+      fAdd({type, fClassName, match.fPath, property, std::move(namespaces)});
    }
 
    const std::string& fClassName;
    const std::vector<TComparedProperty> fProperties;
-   std::vector<TFinding>& fFindings;
+   const TAddFinding& fAdd;
 };
 
 }  // namespace
 
-std::vector<TFinding> FindDifferences(const std::vector<const TMemoryStore*>& stores,
-                                      const TSchema& merged, const TIgnoredProperties& ignored)
+void FindDifferences(const std::vector<const TMemoryStore*>& stores, const TSchema& merged,
+                     const TIgnoredProperties& ignored,
+                     const std::function<void(const TFinding&)>& add)
 {
-   std::vector<TFinding> findings;
    for (const TStoredClass* storedClass : merged.GetClasses())
       if (!storedClass->IsAssociation() && !IsDeltaClass(storedClass->GetName()))
-         TClassComparison(stores, *storedClass, ignored, findings);
-   return findings;
+         TClassComparison(stores, *storedClass, ignored, add);
 }
 
 }  // namespace NZANQSX20

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -29,8 +30,10 @@ struct TFinding
 /// Shape: class by class in order of declaration, association classes left out; of each, the
 ///        instances of the base in their order, then those of the others.
 /// Units: time and memory linear in the instances of a class, by hash.
+///        Findings are handed over one by one: kept together they would outweigh the collections.
 /// Owner: keys, defaults and types are those of the merged declarations.
-std::vector<TFinding> FindDifferences(const std::vector<const TMemoryStore*>& stores,
-                                      const TSchema& merged, const TIgnoredProperties& ignored);
+void FindDifferences(const std::vector<const TMemoryStore*>& stores, const TSchema& merged,
+                     const TIgnoredProperties& ignored,
+                     const std::function<void(const TFinding&)>& add);
 
 }  // namespace NZANQSX20

@@ -64,11 +64,14 @@ std::size_t TDeltaRepository::FindDifferences(const TIgnoredProperties& ignored)
          pointers.push_back(store.get());
       return pointers;
    }();
-   const std::vector<TFinding> findings = NZANQSX20::FindDifferences(stores, *fSchema, ignored);
+   // The base is compared while it grows: findings are of classes that are not compared.
    TFindingsWriter writer(*fStores.front());
-   for (const TFinding& finding : findings)
+   std::size_t count = 0;
+   NZANQSX20::FindDifferences(stores, *fSchema, ignored, [&](const TFinding& finding) {
       writer.Add(finding);
-   return findings.size();
+      ++count;
+   });
+   return count;
 }
 
 std::size_t TDeltaRepository::TakeFindings(TMemoryStore& findings, bool isStrict,

@@ -72,18 +72,43 @@ const TStoredInstance& TFindingsWriter::GetDeltaClass(const std::string& classNa
    return *known;
 }
 
+TStoredValue TFindingsWriter::GetPath(const std::string& path)
+{
+   if (fPath != path) {
+      fPath = path;
+      fPathValue = fStore.MakeString(path);
+   }
+   return fPathValue;
+}
+
+TStoredValue TFindingsWriter::GetProperty(const std::string& name)
+{
+   const auto known = fProperties.find(name);
+   return known != fProperties.end()
+             ? known->second
+             : fProperties.emplace(name, fStore.MakeString(name)).first->second;
+}
+
+TStoredValue TFindingsWriter::GetNamespaces(const std::vector<std::size_t>& namespaces)
+{
+   const auto known = fNamespaces.find(namespaces);
+   if (known != fNamespaces.end())
+      return known->second;
+   std::vector<TStoredValue> indices;
+   for (std::size_t index : namespaces)
+      indices.push_back(TStoredValue::Unsigned(TType::kUInt16, index));
+   return fNamespaces.emplace(namespaces, fStore.MakeArray(TType::kUInt16, indices)).first->second;
+}
+
 void TFindingsWriter::Add(const TFinding& finding)
 {
-   std::vector<TStoredValue> indices;
-   for (std::size_t index : finding.fNamespaces)
-      indices.push_back(TStoredValue::Unsigned(TType::kUInt16, index));
    const TStoredInstance& delta =
       TNamedDraft(fDelta)
          .Set("DeltaID", TStoredValue::Unsigned(TType::kUInt32, fNextID++))
          .Set("Type", TStoredValue::Unsigned(TType::kUInt8, finding.fType))
-         .Set("InstanceName", fStore.MakeString(finding.fInstance))
-         .Set("Property", fStore.MakeString(finding.fProperty))
-         .Set("NamespaceIndices", fStore.MakeArray(TType::kUInt16, indices))
+         .Set("InstanceName", GetPath(finding.fInstance))
+         .Set("Property", GetProperty(finding.fProperty))
+         .Set("NamespaceIndices", GetNamespaces(finding.fNamespaces))
          .AddTo(fStore);
    TNamedDraft(fAssociation)
       .Set("Antecedent", fStore.MakeReference(GetDeltaClass(finding.fClass)))

@@ -101,8 +101,3 @@ std::string MakeCourierCell(const std::string& text)
 {
    return "<font face=\"Courier\">" + text + "</font>";
 }
-
-std::string ReadText(const boost::shared_ptr<ICIMInstance>& instance, const std::string& name)
-{
-   return static_cast<std::string>(instance->GetProperty(name, {})->GetValue({}));
-}

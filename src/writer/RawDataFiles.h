@@ -35,6 +35,3 @@ TTableGrid WriteRawDataFiles(const std::string& outputDirectory, const TRawDataT
 /// A text in the markup of a command cell. The text is not encoded: it is the writer that makes a
 /// cell safe for its format.
 std::string MakeCourierCell(const std::string& text);
-
-/// A property that holds one text. Throws: TQSXException where it can't be read.
-std::string ReadText(const boost::shared_ptr<ICIMInstance>& instance, const std::string& name);

@@ -95,3 +95,8 @@ TClasses EnumerateAssociatedClasses(const boost::shared_ptr<ICIMClass>& cimClass
                                         resultClass, role, resultRole, context);
    return classes;
 }
+
+std::string ReadText(const boost::shared_ptr<ICIMInstance>& instance, const std::string& name)
+{
+   return static_cast<std::string>(instance->GetProperty(name, {})->GetValue(TContext()));
+}

@@ -62,3 +62,6 @@ TClasses EnumerateAssociatedClasses(const boost::shared_ptr<ICIMClass>& cimClass
                                     const std::string& role = {},
                                     const std::string& resultRole = {},
                                     const TContext& context = {});
+
+/// A property that holds one text. Throws: TQSXException where it can't be read.
+std::string ReadText(const boost::shared_ptr<ICIMInstance>& instance, const std::string& name);

@@ -55,11 +55,6 @@ unsigned int ReadType(const boost::shared_ptr<ICIMInstance>& finding)
    return static_cast<unsigned char>(ReadValue(finding, "Type"));
 }
 
-std::string ReadText(const boost::shared_ptr<ICIMInstance>& finding, const std::string& property)
-{
-   return static_cast<std::string>(ReadValue(finding, property));
-}
-
 std::vector<std::size_t> ReadNamespaceIndices(const boost::shared_ptr<ICIMInstance>& finding,
                                               std::size_t namespaceCount)
 {

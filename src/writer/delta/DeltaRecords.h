@@ -76,7 +76,6 @@ TContext NamespaceContext(std::size_t namespaceIndex);
 /// The value of a finding's property. Throws: what the read throws.
 TCIMValue ReadValue(const boost::shared_ptr<ICIMInstance>& finding, const std::string& property);
 unsigned int ReadType(const boost::shared_ptr<ICIMInstance>& finding);
-std::string ReadText(const boost::shared_ptr<ICIMInstance>& finding, const std::string& property);
 
 /// "NamespaceIndices" without those at or beyond the number of namespaces.
 std::vector<std::size_t> ReadNamespaceIndices(const boost::shared_ptr<ICIMInstance>& finding,

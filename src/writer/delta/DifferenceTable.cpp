@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "writer/StoreWalk.h"
 #include "writer/delta/DeltaRecords.h"
 
 using namespace Delta;

@@ -1,4 +1,3 @@
-#include "writer/RawDataFiles.h"
 #include "writer/ReportFrame.h"
 #include "writer/StoreWalk.h"
 #include "writer/TWriter.h"

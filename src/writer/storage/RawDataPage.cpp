@@ -1,6 +1,7 @@
 #include "writer/storage/RawDataPage.h"
 
 #include "writer/ReportFrame.h"
+#include "writer/StoreWalk.h"
 
 void WriteRawDataPage(TWriter& writer, const std::string& outputDirectory, const TRawDataPage& page,
                       const TWriter::TInstances& commands, std::string& linkText,

@@ -60,7 +60,7 @@ public:
 
    void Write()
    {
-      WriteFrameBegin(fOut, fSite, fSite.fFacts.GetName(), TReportIndex::kNoPage);
+      WriteFrameBegin(fOut, fSite, fSite.fFacts.GetName(), kFrontPageFile);
       WriteHead();
       WriteSystems();
       WriteOutliers();

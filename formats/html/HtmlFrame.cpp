@@ -12,22 +12,42 @@ constexpr TMarkup kHeadBegin =
    "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
    "<meta name=\"color-scheme\" content=\"light dark\">\n<title>"_html;
 
+TMarkup MarkCurrent(bool isCurrent)
+{
+   return isCurrent ? " aria-current=\"page\""_html : ""_html;
+}
+
 void WriteSideEntry(THtmlSink& out, const THtmlSite& site, const TReportIndex::TEntry& entry,
-                    std::size_t currentPage)
+                    const std::string& currentFile)
 {
    const std::string name = GetShownName(entry);
-   const TMarkup current = entry.fPage == currentPage && currentPage != TReportIndex::kNoPage
-                              ? " aria-current=\"page\""_html
-                              : ""_html;
+   const bool hasPage = entry.fPage != TReportIndex::kNoPage;
+   const std::string file = hasPage ? site.fPages[entry.fPage].GetFileName(0) : "";
+   const TMarkup current = MarkCurrent(hasPage && file == currentFile);
    if (entry.IsLinked())
-      out << "<li><a href=\""_html << TFileUrl{site.fPages[entry.fPage].GetFileName(0)} << "\""_html
-          << current << ">"_html << TText{name} << "</a>"_html;
+      out << "<li><a href=\""_html << TFileUrl{file} << "\""_html << current << ">"_html
+          << TText{name} << "</a>"_html;
    else
       out << "<li class=\"empty\"><span"_html << current << ">"_html << TText{name}
           << "</span>"_html;
    out << "<span class=\"num\">"_html;
+   if (entry.IsLinked())
+      WriteStateGlyph(out, site.fPages[entry.fPage].fState);
    WriteRowCount(out, site, entry);
    out << "</span></li>\n"_html;
+}
+
+void WriteOwnEntry(THtmlSink& out, const THtmlOwnPage& page, const std::string& currentFile)
+{
+   out << "<li><a href=\""_html << TFileUrl{page.fFile} << "\""_html
+       << MarkCurrent(page.fFile == currentFile) << ">"_html << TText{page.fTitle}
+       << "</a><span class=\"num\">"_html << TCount{page.fRows} << "</span></li>\n"_html;
+}
+
+void WriteFrontPageEntry(THtmlSink& out, const std::string& currentFile)
+{
+   out << "<li><a href=\""_html << TFileUrl{kFrontPageFile} << "\""_html
+       << MarkCurrent(currentFile == kFrontPageFile) << ">Front page</a></li>\n"_html;
 }
 
 /// The name of the run, as a line below the machine's name in the side bar.
@@ -55,25 +75,44 @@ void WriteSideSystems(THtmlSink& out, const THtmlSystems& systems)
    out << "</p>\n"_html;
 }
 
-void WriteSideBar(THtmlSink& out, const THtmlSite& site, std::size_t currentPage)
+/// Controls that the pages' script brings to life; without scripts they are hidden.
+void WriteSearchField(THtmlSink& out)
+{
+   out << "<search class=\"search js-only\"><label class=\"vh\" for=\"search\">Search all "
+          "reports</label><input id=\"search\" type=\"search\" placeholder=\"Search all "
+          "reports\" autocomplete=\"off\"></search>\n"_html;
+}
+
+void WriteThemeChoice(THtmlSink& out)
+{
+   out << "<p class=\"side-foot js-only\"><label class=\"vh\" for=\"theme\">Theme</label><select "
+          "id=\"theme\"><option value=\"\">Theme: as the system</option><option "
+          "value=\"light\">Theme: light</option><option value=\"dark\">Theme: "
+          "dark</option></select></p>\n"_html;
+}
+
+void WriteSideBar(THtmlSink& out, const THtmlSite& site, const std::string& currentFile)
 {
    out << "<nav class=\"side\" id=\"reports\" popover aria-label=\"Reports\">\n"_html;
    if (site.fSystems.IsEmpty())
       WriteSideMachine(out, site.fFacts);
    else
       WriteSideSystems(out, site.fSystems);
-   out << "<ul>\n<li><a href=\""_html << TFileUrl{kFrontPageFile} << "\""_html;
-   if (currentPage == TReportIndex::kNoPage)
-      out << " aria-current=\"page\""_html;
-   out << ">Front page</a></li>\n</ul>\n"_html;
+   WriteSearchField(out);
+   out << "<ul>\n"_html;
+   WriteFrontPageEntry(out, currentFile);
+   for (const THtmlOwnPage& page : site.fOwnPages)
+      WriteOwnEntry(out, page, currentFile);
+   out << "</ul>\n"_html;
    for (const TReportIndex::TGroup& group : site.fIndex.GetGroups()) {
       if (group.fEntries.empty())
          continue;
       out << "<h2 class=\"side-group\">"_html << TText{group.fHeading} << "</h2>\n<ul>\n"_html;
       for (const TReportIndex::TEntry& entry : group.fEntries)
-         WriteSideEntry(out, site, entry, currentPage);
+         WriteSideEntry(out, site, entry, currentFile);
       out << "</ul>\n"_html;
    }
+   WriteThemeChoice(out);
    out << "</nav>\n"_html;
 }
 
@@ -104,10 +143,10 @@ void WriteRowCount(THtmlSink& out, const THtmlSite& site, const TReportIndex::TE
 }
 
 void WriteFrameBegin(THtmlSink& out, const THtmlSite& site, const std::string& title,
-                     std::size_t page)
+                     const std::string& file)
 {
    const std::string machine = site.fFacts.GetName();
-   const bool isFrontPage = page == TReportIndex::kNoPage;
+   const bool isFrontPage = file == kFrontPageFile;
    out << kHeadBegin << TText{title} << (isFrontPage ? ": "_html : ", "_html)
        << (isFrontPage ? "front page"_html : ""_html);
    if (!isFrontPage)
@@ -122,7 +161,7 @@ void WriteFrameBegin(THtmlSink& out, const THtmlSite& site, const std::string& t
       out << ", <bdi>"_html << TText{machine} << "</bdi>"_html;
    out << "</p><button type=\"button\" popovertarget=\"reports\">Reports</button></header>\n"
           "<div class=\"page\">\n"_html;
-   WriteSideBar(out, site, page);
+   WriteSideBar(out, site, file);
    out << "<main id=\"main\">\n"_html;
 }
 

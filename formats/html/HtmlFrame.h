@@ -9,6 +9,14 @@
 #include "html/HtmlPage.h"
 #include "html/HtmlSink.h"
 
+/// A page of the run as a whole, beside the reports: the timeline and the like.
+struct THtmlOwnPage
+{
+   std::string fFile;
+   std::string fTitle;
+   std::uint64_t fRows = 0;
+};
+
 /// All that the frame of a page shows of the run. Owner: everything is the caller's.
 struct THtmlSite
 {
@@ -18,6 +26,8 @@ struct THtmlSite
    const std::vector<THtmlPage>& fPages;
    /// Empty unless it is a comparison.
    const THtmlSystems& fSystems;
+   /// In the order of the side bar, the front page not among them.
+   std::vector<THtmlOwnPage> fOwnPages = {};
 
    /// Number of rows of an entry's page.
    std::uint64_t GetRows(const TReportIndex::TEntry& entry) const;
@@ -26,9 +36,10 @@ struct THtmlSite
 constexpr const char* kFrontPageFile = "index.html";
 constexpr const char* kStyleSheetFile = "pages.css";
 
-/// From the first byte to <main>: policy, title, side bar. page is kNoPage for the front page.
+/// From the first byte to <main>: policy, title, side bar. file is the one that the side bar marks
+/// as the current one: of a page in several files, the first.
 void WriteFrameBegin(THtmlSink& out, const THtmlSite& site, const std::string& title,
-                     std::size_t page);
+                     const std::string& file);
 
 /// From </main> to the last byte, with a line on where the page comes from.
 void WriteFrameEnd(THtmlSink& out, const THtmlSite& site, const std::string& title);

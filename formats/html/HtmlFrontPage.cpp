@@ -100,7 +100,7 @@ void WriteFrontPage(THtmlSink& out, const THtmlSite& site)
 {
    if (!site.fSystems.IsEmpty())
       return WriteComparisonFrontPage(out, site);
-   WriteFrameBegin(out, site, site.fFacts.GetName(), TReportIndex::kNoPage);
+   WriteFrameBegin(out, site, site.fFacts.GetName(), kFrontPageFile);
    WriteTitleBlock(out, site);
    // Health and pictures go between the two.
    WriteIndex(out, site);

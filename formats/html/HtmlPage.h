@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "common/StateWords.h"
 #include "html/PageDifferences.h"
 
 /// A run of bytes in the spool of a run.
@@ -48,6 +49,8 @@ struct THtmlPage
    std::vector<THtmlTableEntry> fTables;
    unsigned fTableCount = 0;
    std::uint64_t fRows = 0;
+   /// The most urgent state that a finding of the page tells. Missing: kNone.
+   EState fState = EState::kNone;
    /// In a comparison.
    TPageDifferences fDifferences;
 

@@ -12,7 +12,8 @@ void THtmlReport::BeginRun(const std::string& outputDirectory, const TRunFacts& 
    fFacts = facts;
    fSystems = THtmlSystems(facts);
    fNames = TPageNames();
-   fNames.Reserve("index");
+   for (const char* name : {"index", "timeline", "corrections", "rules"})
+      fNames.Reserve(name);
    fPages.clear();
    fCounter.reset();
    fBody.reset();

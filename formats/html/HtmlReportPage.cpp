@@ -27,7 +27,7 @@ public:
 
    void Write(TOutputFile& spool)
    {
-      WriteFrameBegin(fOut, fSite, GetDocumentTitle(), fNumber);
+      WriteFrameBegin(fOut, fSite, GetDocumentTitle(), fPage.GetFileName(0));
       fOut << "<div class=\"report\">\n"_html;
       WriteHead();
       WriteTableList();

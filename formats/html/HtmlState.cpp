@@ -77,6 +77,15 @@ void WriteStateMark(THtmlSink& out, EState state, std::string_view text)
       out << TText{word} << "</span> "_html;
 }
 
+void WriteStateGlyph(THtmlSink& out, EState state)
+{
+   if (state == EState::kNone || state == EState::kOk)
+      return;
+   const TMarkup name = GetName(state);
+   out << "<svg class=\"glyph is-"_html << name << "\" role=\"img\" aria-label=\""_html
+       << TText{GetWord(state)} << "\"><use href=\"#g-"_html << name << "\"></use></svg>"_html;
+}
+
 TMarkup GetStateClass(EState state)
 {
    switch (state) {

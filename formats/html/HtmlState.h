@@ -12,6 +12,9 @@ void WriteStateShapes(THtmlSink& out);
 /// text that follows begins with it. Missing: nothing for kNone.
 void WriteStateMark(THtmlSink& out, EState state, std::string_view text);
 
+/// Writes the shape of a state alone; its word is read aloud. Missing: nothing for kNone and kOk.
+void WriteStateGlyph(THtmlSink& out, EState state);
+
 /// The class of a cell that stands out: a ground for failed, an edge for attention, and the
 /// others are plain. Missing: empty, without a blank.
 TMarkup GetStateClass(EState state);

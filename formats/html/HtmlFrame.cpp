@@ -4,11 +4,11 @@
 
 namespace {
 
-/// No script, nothing inline, nothing from elsewhere.
+/// Nothing inline, nothing from elsewhere: only the script and the style sheet beside the page.
 constexpr TMarkup kHeadBegin =
    "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
    "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src 'self'; "
-   "img-src 'self'; base-uri 'none'; form-action 'none'\">\n"
+   "script-src 'self'; img-src 'self'; base-uri 'none'; form-action 'none'\">\n"
    "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
    "<meta name=\"color-scheme\" content=\"light dark\">\n<title>"_html;
 
@@ -152,7 +152,8 @@ void WriteFrameBegin(THtmlSink& out, const THtmlSite& site, const std::string& t
    if (!isFrontPage)
       out << TText{machine};
    out << "</title>\n<link rel=\"stylesheet\" href=\""_html << TFileUrl{kStyleSheetFile}
-       << "\">\n</head>\n<body>\n"_html;
+       << "\">\n<script src=\""_html << TFileUrl{kScriptFile}
+       << "\"></script>\n</head>\n<body>\n"_html;
    WriteStateShapes(out);
    out << "<a class=\"skip\" href=\"#main\">Skip to content</a>\n"
           "<header class=\"top\"><p><bdi>"_html

@@ -1,8 +1,8 @@
 #include "html/HtmlReport.h"
 
+#include "html/BundledFiles.h"
 #include "html/HtmlFrontPage.h"
 #include "html/HtmlReportPage.h"
-#include "html/StyleSheet.h"
 
 THtmlReport::THtmlReport(THtmlOptions options) : fOptions(std::move(options)) {}
 
@@ -52,10 +52,16 @@ void THtmlReport::EndRun(const TReportIndex& index)
    WriteFrontPage(out, site);
    frontPage.Close();
 
-   TOutputFile styleSheet(fOutputDirectory + "/" + kStyleSheetFile);
-   styleSheet.Write(GetStyleSheet());
-   styleSheet.Close();
+   WriteFile(kStyleSheetFile, GetStyleSheet());
+   WriteFile(kScriptFile, GetScript());
    fSpool.reset();
+}
+
+void THtmlReport::WriteFile(const std::string& name, std::string_view content) const
+{
+   TOutputFile file(fOutputDirectory + "/" + name);
+   file.Write(content);
+   file.Close();
 }
 
 void THtmlReport::WriteReportTitle(const std::string& title, const std::string& linkText,

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "common/PageNames.h"
@@ -9,8 +10,8 @@
 #include "html/HtmlBody.h"
 #include "html/HtmlOptions.h"
 
-/// The report of a run as a folder of HTML pages: a front page, the files of each report, and one
-/// style sheet.
+/// The report of a run as a folder of HTML pages: a front page, the files of each report, one
+/// style sheet and one script.
 ///
 /// Shape: bodies go to a temporary file as they come; every page names all reports in its side bar,
 ///        so the files are put together at the end of the run. Until then nothing stands in the
@@ -35,6 +36,8 @@ public:
    void EndTable() override;
 
 private:
+   void WriteFile(const std::string& name, std::string_view content) const;
+
    const THtmlOptions fOptions;
    std::string fOutputDirectory;
    TRunFacts fFacts;

@@ -125,12 +125,13 @@ TEST(Pages, ThePolicyAllowsNothingInline)
    WriteEverySlot(pages, "word");
    for (const std::string file : {"index.html", "report.html"}) {
       const std::string page = pages.Read(file);
-      EXPECT_THAT(page, HasSubstr("default-src 'none'; style-src 'self'"));
+      EXPECT_THAT(page, HasSubstr("default-src 'none'; style-src 'self'; script-src 'self'; "));
       EXPECT_THAT(page, Not(HasSubstr("unsafe-inline")));
-      EXPECT_THAT(page, Not(HasSubstr("<script")));
+      EXPECT_EQ(Count(page, "<script"), Count(page, "<script src=\"pages.js\"></script>"));
       EXPECT_THAT(page, Not(HasSubstr(" style=")));
    }
    EXPECT_THAT(pages.Read("pages.css"), HasSubstr("light-dark("));
+   EXPECT_THAT(pages.Read("pages.js"), HasSubstr("localStorage"));
 }
 
 struct TCallCase

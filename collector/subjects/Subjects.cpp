@@ -1,0 +1,14 @@
+#include "subjects/Subjects.h"
+
+namespace NZANQSX20 {
+
+const std::vector<TSubject>& GetSubjects()
+{
+   static const std::vector<TSubject> subjects = {
+      // System
+      {"Computer system", CollectComputerSystem},
+   };
+   return subjects;
+}
+
+}  // namespace NZANQSX20

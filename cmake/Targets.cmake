@@ -30,3 +30,14 @@ function(qsx_layer name)
   set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
   qsx_warnings(${name})
 endfunction()
+
+# qsx_library(name output dir...): a layer that other programs link as well: lib<output>.a and lib<output>.so
+# from the same objects. What the shared library doesn't export by QSX_API is hidden.
+function(qsx_library name output)
+  qsx_layer(${name} ${ARGN})
+  set_target_properties(${name} PROPERTIES OUTPUT_NAME ${output} EXPORT_NAME ${output}_static
+    CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+  add_library(${name}_shared SHARED $<TARGET_OBJECTS:${name}>)
+  set_target_properties(${name}_shared PROPERTIES OUTPUT_NAME ${output} EXPORT_NAME ${output}
+    LINKER_LANGUAGE CXX VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+endfunction()

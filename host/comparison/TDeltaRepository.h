@@ -17,7 +17,7 @@ namespace NZANQSX20 {
 ///
 /// Owner: shares the stores and adds the findings to the base; instances of the findings' classes
 ///        that the collections brought along are left out.
-class TDeltaRepository
+class QSX_API TDeltaRepository
 {
 public:
    /// One store per namespace, the base first.

@@ -6,17 +6,18 @@
 #include <unordered_set>
 #include <vector>
 
+#include "QSXExport.h"
 #include "store/TStoredClass.h"
 
 namespace NZANQSX20 {
 
 /// The properties that differ between any two collections, as `Class.Property`; subclasses are
 /// meant too. A bare `Property` is meant in every class.
-const std::vector<std::string>& GetUsuallyDifferentProperties();
+QSX_API const std::vector<std::string>& GetUsuallyDifferentProperties();
 
 /// The properties that a comparison does not look at: those named here, and every one whose
 /// declaration has a true qualifier Volatile.
-class TIgnoredProperties
+class QSX_API TIgnoredProperties
 {
 public:
    /// `Class.Property`, subclasses included, or a bare `Property` of every class.

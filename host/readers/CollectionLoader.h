@@ -6,7 +6,9 @@
 
 #include <boost/shared_ptr.hpp>
 
-#include "readers/TCollectionBuilder.h"
+#include "QSXExport.h"
+#include "readers/TReadCounts.h"
+#include "readers/TReadError.h"
 #include "readers/TReadLimits.h"
 #include "store/TMemoryStore.h"
 
@@ -39,10 +41,11 @@ struct TCollection
 /// input) as one namespace. A file is read once, however often it is named or included.
 ///
 /// Throws: TReadError at the first thing that cannot be read; nothing is left behind.
-TCollection LoadCollection(const std::vector<std::string>& paths, const TReadLimits& limits = {});
+QSX_API TCollection LoadCollection(const std::vector<std::string>& paths,
+                                   const TReadLimits& limits = {});
 
 /// Reads a text as if it were the content of a file of that name. Includes are refused.
-TCollection LoadCollectionText(const std::string& name, std::string text,
-                               const TReadLimits& limits = {});
+QSX_API TCollection LoadCollectionText(const std::string& name, std::string text,
+                                       const TReadLimits& limits = {});
 
 }  // namespace NZANQSX20

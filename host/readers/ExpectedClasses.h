@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "QSXExport.h"
+
 namespace NZANQSX20 {
 
 class TMemoryStore;
@@ -11,6 +13,6 @@ class TMemoryStore;
 /// declare, as empty ones: a report that looks one of them up without a test would end the run.
 ///
 /// Shape:  the names of those that were added, in the order of the list.
-std::vector<std::string> DeclareExpectedClasses(TMemoryStore& store);
+QSX_API std::vector<std::string> DeclareExpectedClasses(TMemoryStore& store);
 
 }  // namespace NZANQSX20

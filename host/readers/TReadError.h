@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "QSXExport.h"
+
 namespace NZANQSX20 {
 
 /// Where something stands in an input file. Units: both count from 1, the column in characters; 0
@@ -17,7 +19,7 @@ struct TPlace
 
 /// An input that cannot be read. what() is "file:line:column: expected ..., found ...", or
 /// "file: ..." for a file as a whole.
-class TReadError : public std::runtime_error
+class QSX_API TReadError : public std::runtime_error
 {
 public:
    TReadError(const std::string& file, TPlace place, const std::string& text);
@@ -32,10 +34,10 @@ private:
 };
 
 /// "file:line:column: text", or "file: text" where the place is a file as a whole.
-std::string FormatPlaced(const std::string& file, TPlace place, const std::string& text);
+QSX_API std::string FormatPlaced(const std::string& file, TPlace place, const std::string& text);
 
 /// The first characters of a text as a message may show them: quoted, cut to some 40 characters,
 /// control characters as \xNN.
-std::string QuoteForMessage(std::string_view text);
+QSX_API std::string QuoteForMessage(std::string_view text);
 
 }  // namespace NZANQSX20

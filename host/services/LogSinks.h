@@ -20,7 +20,7 @@ inline bool IsUpTo(int level, int highestLevel)
 /// Shape:   control characters of a text are written as "\xNN", so that what a collection holds can
 ///          neither break a line nor drive a terminal.
 /// Missing: a line that can't be written is lost, HasFailed tells so.
-class TFileLog : public TLogger
+class QSX_API TFileLog : public TLogger
 {
 public:
    /// To standard error.
@@ -49,7 +49,7 @@ private:
 };
 
 /// Keeps lines in memory, each with its level, in order.
-class TRecordingLog : public TLogger
+class QSX_API TRecordingLog : public TLogger
 {
 public:
    explicit TRecordingLog(int highestLevel) : fHighestLevel(highestLevel) {}

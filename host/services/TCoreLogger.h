@@ -10,7 +10,7 @@ namespace NZANQSX20 {
 /// The host's logger: hands each line to every logger that is attached and wants its level.
 ///
 /// Missing: without anything attached, lines go nowhere and no level is enabled.
-class TCoreLogger : public TLogger
+class QSX_API TCoreLogger : public TLogger
 {
 public:
    /// The one that TRootObject gives out. Owner: lives to the end of the program.

@@ -9,7 +9,7 @@ namespace NZANQSX20 {
 class TStoredClass;
 
 /// The values of an instance to be, collected by slot; used again and again by a reader.
-class TInstanceDraft
+class QSX_API TInstanceDraft
 {
 public:
    explicit TInstanceDraft(TStoredClass& storedClass) { Start(storedClass); }

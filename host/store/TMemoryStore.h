@@ -10,6 +10,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include "ICIMNamespace.h"
+#include "QSXExport.h"
 #include "store/Declarations.h"
 #include "store/TArena.h"
 #include "store/TInstanceDraft.h"
@@ -36,7 +37,7 @@ struct TReferrer;
 ///
 /// Owner: records and texts live as long as the store; a deleted record stays readable. The store
 /// holds no handle, so that there is no cycle with the views that hold the store.
-class TMemoryStore
+class QSX_API TMemoryStore
 {
 public:
    TMemoryStore();
@@ -132,6 +133,6 @@ private:
 ///
 /// Owner: the namespace and every handle from it share the store; changes made through them are
 /// changes of the store.
-boost::shared_ptr<ICIMNamespace> OpenNamespace(boost::shared_ptr<TMemoryStore> store);
+QSX_API boost::shared_ptr<ICIMNamespace> OpenNamespace(boost::shared_ptr<TMemoryStore> store);
 
 }  // namespace NZANQSX20

@@ -9,6 +9,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "QSXExport.h"
 #include "store/Declarations.h"
 #include "store/TStoredClass.h"
 
@@ -24,7 +25,7 @@ enum class EDeclared
 /// The classes of one collection, in order of declaration.
 ///
 /// Owner: classes stay where they are for the life of the schema. Names are compared exactly.
-class TSchema
+class QSX_API TSchema
 {
 public:
    TSchema() = default;

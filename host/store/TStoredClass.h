@@ -9,6 +9,7 @@
 
 #include <boost/weak_ptr.hpp>
 
+#include "QSXExport.h"
 #include "store/Declarations.h"
 #include "store/TShape.h"
 #include "store/TStoredValue.h"
@@ -21,7 +22,7 @@ class TSchema;
 class TStoredInstance;
 
 /// A property as a class declares it, joined to the declaration that it overrides.
-class TStoredProperty
+class QSX_API TStoredProperty
 {
 public:
    explicit TStoredProperty(TPropertyDecl declaration);
@@ -60,7 +61,7 @@ private:
 /// A class of the schema: what it declares, what it inherits, its slots and its instances.
 ///
 /// Owner: the schema's. What is asked here depends on all declarations so far; slots alone stay.
-class TStoredClass
+class QSX_API TStoredClass
 {
 public:
    TStoredClass(TSchema& schema, const std::string& name);

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "CIMStore.h"
+#include "QSXExport.h"
 #include "definitions/TReportParameters.h"
 
 /// The fixed catalogue of reports, and the probes that decide which tables and columns they have.
@@ -10,7 +11,7 @@
 /// Owner:  a value that shares the namespace handle; each definition is made afresh.
 /// Throws: a probe answers what is missing (status 15) by itself; any other failure of the store
 /// leaves it.
-class TReportParametersBuilder
+class QSX_API TReportParametersBuilder
 {
 public:
    /// The collected operating system, as GetOSType gives it.

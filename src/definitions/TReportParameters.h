@@ -5,10 +5,11 @@
 #include <vector>
 
 #include "CIMStore.h"
+#include "QSXExport.h"
 
 /// A report described by data: its page and its tables. A plain value that knows nothing of the
 /// store.
-class TReportParameters
+class QSX_API TReportParameters
 {
 public:
    class TInstanceSorter;
@@ -54,7 +55,7 @@ private:
 ///
 /// It reads the store at each comparison; to sort many instances use SortInstances, which reads
 /// each key once and is safe with texts that compare in a circle.
-class TReportParameters::TInstanceSorter
+class QSX_API TReportParameters::TInstanceSorter
 {
 public:
    struct TPropertyInfo
@@ -101,7 +102,7 @@ private:
 };
 
 /// One column or row of a table.
-class TReportParameters::TReportProperty
+class QSX_API TReportParameters::TReportProperty
 {
 public:
    /// What joins the elements of an array; a concrete writer gives the text of each.
@@ -172,7 +173,7 @@ private:
 };
 
 /// One table: a CIM class with its columns or rows.
-class TReportParameters::TReportClass
+class QSX_API TReportParameters::TReportClass
 {
 public:
    enum ReportStyle : int

@@ -3,12 +3,13 @@
 #include <string>
 
 #include "CIMStore.h"
+#include "QSXExport.h"
 #include "definitions/TReportParameters.h"
 
 /// The fixed catalogue of reports on a hypervisor. No definition depends on the collection.
 ///
 /// Owner: a value that shares the namespace handle; each definition is made afresh.
-class TReportParametersBuilder_vmwesxi
+class QSX_API TReportParametersBuilder_vmwesxi
 {
 public:
    TReportParametersBuilder_vmwesxi(boost::shared_ptr<ICIMNamespace> cimNamespace,

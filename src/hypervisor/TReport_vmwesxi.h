@@ -4,11 +4,12 @@
 #include <string>
 
 #include "CIMStore.h"
+#include "QSXExport.h"
 
 class TWriter_vmwesxi;
 
 /// One run over the collection of a hypervisor: five reports in three groups, always the same.
-class TReport_vmwesxi
+class QSX_API TReport_vmwesxi
 {
 public:
    /// Run parameter: "mode" (its text replaces "default").

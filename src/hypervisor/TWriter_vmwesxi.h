@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "CIMStore.h"
+#include "QSXExport.h"
 #include "definitions/TReportParameters.h"
 #include "writer/TTableGrid.h"
 
@@ -16,7 +17,7 @@
 /// a date-time whose declaration lacks NOTIMEPRECISION.
 ///
 /// Owner: used by one thread, for one run at a time.
-class TWriter_vmwesxi
+class QSX_API TWriter_vmwesxi
 {
 public:
    using TReportClass = TReportParameters::TReportClass;

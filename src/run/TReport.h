@@ -4,11 +4,12 @@
 #include <string>
 
 #include "CIMStore.h"
+#include "QSXExport.h"
 
 class TWriter;
 
 /// One run over one collected system, or over several in a delta repository.
-class TReport
+class QSX_API TReport
 {
 public:
    /// Run parameters: "mode" (its text replaces "default") and "KMC" (any value sets the flag).

@@ -5,6 +5,7 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include "QSXExport.h"
 #include "TCIMValue.h"
 
 namespace NZANQSX20 {
@@ -22,7 +23,7 @@ enum ELogLevel : int
 };
 
 /// The host's logger. Log is the third of its virtual operations.
-class TLogger
+class QSX_API TLogger
 {
 public:
    virtual ~TLogger() = default;
@@ -35,7 +36,7 @@ public:
 };
 
 /// The connection to a remote service processor over IPMI LAN.
-class IIPMILan
+class QSX_API IIPMILan
 {
 public:
    virtual ~IIPMILan() = default;
@@ -48,7 +49,7 @@ public:
 };
 
 /// The services that every host supplies.
-class TRootObject
+class QSX_API TRootObject
 {
 public:
    /// Owner: the host's; never empty, and outlives every call of the library.
@@ -58,7 +59,7 @@ public:
    static IIPMILan* GetipmiLanIns();
 };
 
-class TOSSpecific
+class QSX_API TOSSpecific
 {
 public:
    /// Runs a program and gives what it printed. Units: timeout in seconds.
@@ -70,7 +71,7 @@ public:
 };
 
 /// Questions on the schema of the collected data.
-class TCIMSchemaHelper
+class QSX_API TCIMSchemaHelper
 {
 public:
    /// Throws: status 15 when the collection does not tell its machine type.

@@ -5,6 +5,7 @@
 #include <boost/function.hpp>
 #include <boost/shared_ptr.hpp>
 
+#include "QSXExport.h"
 #include "TCIMValue.h"
 
 namespace NZANQSX20 {
@@ -18,7 +19,7 @@ class ICIMPropertyDecl;
 /// Owner:   names are valid as long as the handle on which they were asked.
 /// Missing: an enumeration of nothing makes no callback and raises nothing. The store is not called
 ///          from inside a callback, and every callback returns true.
-class ICIMClass
+class QSX_API ICIMClass
 {
 public:
    virtual ~ICIMClass() = default;

@@ -6,6 +6,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include "ICIMElement.h"
+#include "QSXExport.h"
 #include "TCIMReference.h"
 #include "TCIMValue.h"
 
@@ -15,7 +16,7 @@ class ICIMClass;
 class ICIMProperty;
 
 /// An instance of the store. A handle stays valid after Delete; the store then no longer lists it.
-class ICIMInstance : public ICIMElement
+class QSX_API ICIMInstance : public ICIMElement
 {
 public:
    /// Stores an instance made by ICIMClass::CreateInstance.

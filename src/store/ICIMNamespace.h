@@ -4,6 +4,7 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include "QSXExport.h"
 #include "TCIMValue.h"
 
 namespace NZANQSX20 {
@@ -14,7 +15,7 @@ class INamespaceProvider;
 class TCIMReference;
 
 /// A view on the store: one collection, or several behind one delta repository.
-class ICIMNamespace
+class QSX_API ICIMNamespace
 {
 public:
    virtual ~ICIMNamespace() = default;
@@ -34,7 +35,7 @@ public:
 /// The kind of a repository that holds several collections for comparison.
 constexpr int kDeltaRepository = 1;
 
-class INamespaceProvider
+class QSX_API INamespaceProvider
 {
 public:
    virtual ~INamespaceProvider() = default;

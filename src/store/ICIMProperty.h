@@ -5,12 +5,13 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include "QSXExport.h"
 #include "TCIMValue.h"
 
 namespace NZANQSX20 {
 
 /// A qualifier of a declaration.
-class ICIMQualifier
+class QSX_API ICIMQualifier
 {
 public:
    virtual ~ICIMQualifier() = default;
@@ -19,7 +20,7 @@ public:
 };
 
 /// What a class declares of a property.
-class ICIMPropertyDecl
+class QSX_API ICIMPropertyDecl
 {
 public:
    virtual ~ICIMPropertyDecl() = default;
@@ -33,7 +34,7 @@ public:
 };
 
 /// One property value of one instance. References are valid as long as the handle is.
-class ICIMProperty
+class QSX_API ICIMProperty
 {
 public:
    virtual ~ICIMProperty() = default;

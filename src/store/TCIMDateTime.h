@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "QSXExport.h"
+
 namespace NZANQSX20 {
 
 /// A CIM date-time: a point in time with its offset from UTC, or an interval.
@@ -10,7 +12,7 @@ namespace NZANQSX20 {
 /// Shape:   digits that the collection left open ("**") are kept as such and told as they stand.
 /// Units:   offset in minutes east of UTC; an interval counts days, hours, minutes, seconds and
 ///          microseconds.
-class TCIMDateTime
+class QSX_API TCIMDateTime
 {
 public:
    /// 0000-00-00 00:00:00, a point in time that no calendar has.

@@ -7,6 +7,7 @@
 #include <boost/function.hpp>
 #include <boost/shared_ptr.hpp>
 
+#include "QSXExport.h"
 #include "TCIMValue.h"
 
 namespace NZANQSX20 {
@@ -18,7 +19,7 @@ class ICIMNamespace;
 /// A CIM object path: a class and its key bindings, in a namespace.
 ///
 /// Owner: a plain value that shares the namespace handle it was made with.
-class TCIMReference
+class QSX_API TCIMReference
 {
 public:
    /// With a class name, the map holds the key bindings. With an object path ("Class.Key=..."), the

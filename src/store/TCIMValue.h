@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "QSXExport.h"
+
 namespace NZANQSX20 {
 
 class TCIMDateTime;
@@ -17,7 +19,7 @@ class TCIMReference;
 /// Owner:   a plain value. Copying is cheap; copies never share later changes.
 /// Throws:  a conversion throws TQSXException, status 15 for a null and 13 for a type that cannot
 ///          be converted. Integer conversions truncate like a C++ cast.
-class TCIMValue
+class QSX_API TCIMValue
 {
 public:
    class TCIMType

@@ -3,11 +3,13 @@
 #include <exception>
 #include <string>
 
+#include "QSXExport.h"
+
 namespace NZANQSX20 {
 
 /// A numeric outcome of the store. 15 means that the thing looked for does not exist; no other
 /// number has a meaning to the report library.
-struct TQSXStatusCode
+struct QSX_API TQSXStatusCode
 {
    int fStatusCode = 0;
 
@@ -23,7 +25,7 @@ constexpr int kStatusTypeMismatch = 13;
 
 /// The one failure that crosses the store interfaces. A value: copied when caught and when thrown
 /// on.
-class TQSXException : public std::exception
+class QSX_API TQSXException : public std::exception
 {
 public:
    explicit TQSXException(int statusCode) : fStatusCode{statusCode} {}

@@ -2,8 +2,10 @@
 
 #include <string>
 
+#include "QSXExport.h"
+
 /// A span of time as four texts of decimal digits.
-struct RunDuration
+struct QSX_API RunDuration
 {
    std::string fHours;
    std::string fMinutes;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "CIMStore.h"
+#include "QSXExport.h"
 #include "catalogue/TReportParametersBuilder.h"
 #include "definitions/TReportParameters.h"
 #include "writer/RunDuration.h"
@@ -26,7 +27,7 @@
 ///   writer/platform/              sensors, service processor, firmware, logs, adapters, analysis
 ///
 /// Owner: used by one thread, for one run at a time.
-class TWriter
+class QSX_API TWriter
 {
 public:
    using TReportClass = TReportParameters::TReportClass;
@@ -390,19 +391,19 @@ protected:
 
 /// Orders the results of the update tool by Type, and by Name within a Type.
 /// Throws: TQSXException where one of the two can't be read as a text.
-std::vector<boost::shared_ptr<ICIMInstance>> PSResultSort(
+QSX_API std::vector<boost::shared_ptr<ICIMInstance>> PSResultSort(
    std::vector<boost::shared_ptr<ICIMInstance>>& instances);
-bool ps_comp_name(boost::shared_ptr<ICIMInstance> a, boost::shared_ptr<ICIMInstance> b);
-bool ps_comp_type(boost::shared_ptr<ICIMInstance> a, boost::shared_ptr<ICIMInstance> b);
+QSX_API bool ps_comp_name(boost::shared_ptr<ICIMInstance> a, boost::shared_ptr<ICIMInstance> b);
+QSX_API bool ps_comp_type(boost::shared_ptr<ICIMInstance> a, boost::shared_ptr<ICIMInstance> b);
 
 /// Writes the definition as a plain or, when comparing, as a comparison report.
-void WriteGenericReport(TWriter* writer, bool comparing, TReportParameters params);
+QSX_API void WriteGenericReport(TWriter* writer, bool comparing, TReportParameters params);
 
 /// Whether the address of a chipset register, the first three fields of its value joined, belongs
 /// to the group of machine check and miscellaneous registers.
-bool QTARegisterAddressInMisc(std::string value);
+QSX_API bool QTARegisterAddressInMisc(std::string value);
 /// The first three characters of that address.
-std::string QTARegisterGetCategory(std::string value);
+QSX_API std::string QTARegisterGetCategory(std::string value);
 
 /// Set when the integrated RAID report has been written. Nothing in the library reads it.
-extern bool wroteLSIReport;
+QSX_API extern bool wroteLSIReport;

@@ -35,6 +35,18 @@ bool LeadsIntoKernel(int file, const TReading& reading)
           status.f_type == TRACEFS_MAGIC;
 }
 
+bool IsFit(int file, TReading& reading)
+{
+   struct stat status = {};
+   if (fstat(file, &status) != 0)
+      SetReason(reading, errno);
+   else if (!S_ISREG(status.st_mode))
+      Refuse(reading, EReason::kNotReadable, "not a regular file");
+   else if (LeadsIntoKernel(file, reading))
+      Refuse(reading, EReason::kNotReadable, "a link into the kernel's files");
+   return static_cast<bool>(reading);
+}
+
 }  // namespace
 
 void SetReason(TReading& reading, int error)
@@ -50,13 +62,8 @@ void SetReason(TReading& reading, int error)
 
 void ReadRegular(int file, std::size_t cap, TReading& reading)
 {
-   struct stat status = {};
-   if (fstat(file, &status) != 0)
-      return SetReason(reading, errno);
-   if (!S_ISREG(status.st_mode))
-      return Refuse(reading, EReason::kNotReadable, "not a regular file");
-   if (LeadsIntoKernel(file, reading))
-      return Refuse(reading, EReason::kNotReadable, "a link into the kernel's files");
+   if (!IsFit(file, reading))
+      return;
    while (true) {
       // One byte beyond the cap tells a file of just that size from a longer one.
       const std::size_t size = reading.fText.size();
@@ -73,6 +80,17 @@ void ReadRegular(int file, std::size_t cap, TReading& reading)
          return Refuse(reading, EReason::kTooLong, "longer than what is read of one file");
       }
    }
+}
+
+void ReadRegularPart(int file, std::uint64_t offset, std::size_t size, TReading& reading)
+{
+   if (!IsFit(file, reading))
+      return;
+   reading.fText.resize(size);
+   const ssize_t count = pread(file, reading.fText.data(), size, static_cast<off_t>(offset));
+   reading.fText.resize(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+   if (count < 0)
+      SetReason(reading, errno);
 }
 
 }  // namespace NZANQSX20

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <cstddef>
+#include <cstdint>
 
 #include "machine/TReading.h"
 
@@ -38,5 +39,8 @@ void SetReason(TReading& reading, int error);
 /// Reads an open file to its end, when it is a regular one: a pipe, a terminal or a device could
 /// hang or change by being read.
 void ReadRegular(int file, std::size_t cap, TReading& reading);
+
+/// Likewise a part of it.
+void ReadRegularPart(int file, std::uint64_t offset, std::size_t size, TReading& reading);
 
 }  // namespace NZANQSX20

@@ -16,6 +16,7 @@
 #include <system_error>
 
 #include "machine/FileRead.h"
+#include "machine/LocalTime.h"
 #include "machine/ToolRun.h"
 #include "machine/Tools.h"
 #include "text/Text.h"
@@ -43,7 +44,7 @@ TMachine::TMachine(const std::string& root) : fRoot(ResolveRoot(root))
    fRootFolder = open(fRoot.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
    if (fRootFolder < 0)
       throw std::system_error(errno, std::generic_category(), root);
-   // The tools that stand in for a missing kernel call would follow links out of the root.
+   // A kernel before 5.6 can't keep links inside.
    const TDescriptor probe(Open("/", O_PATH | O_DIRECTORY | O_CLOEXEC));
    if (probe.Get() < 0)
       throw std::system_error(errno, std::generic_category(),
@@ -75,6 +76,32 @@ TReading TMachine::Read(const std::string& path, std::size_t cap) const
    else
       ReadRegular(file.Get(), cap, reading);
    return reading;
+}
+
+TReading TMachine::ReadPart(const std::string& path, std::uint64_t offset, std::size_t size) const
+{
+   TReading reading;
+   reading.fSource = path;
+   const TDescriptor file(Open(path, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+   if (file.Get() < 0)
+      SetReason(reading, errno);
+   else
+      ReadRegularPart(file.Get(), offset, size, reading);
+   return reading;
+}
+
+std::optional<std::int64_t> TMachine::GetModifiedTime(const std::string& path) const
+{
+   const TDescriptor place(Open(path, O_PATH | O_CLOEXEC));
+   struct stat status = {};
+   if (place.Get() < 0 || fstat(place.Get(), &status) != 0)
+      return std::nullopt;
+   return std::int64_t{status.st_mtim.tv_sec};
+}
+
+TCIMDateTime TMachine::MakeTime(std::int64_t seconds, unsigned microseconds) const
+{
+   return MakeLocalTime(fTimeRule, seconds, microseconds);
 }
 
 std::string TMachine::ReadLine(const std::string& path) const
@@ -157,21 +184,33 @@ std::optional<TFileSystemSize> TMachine::GetFileSystemSize(const std::string& pa
    return TFileSystemSize{unit * status.f_blocks, unit * status.f_bavail};
 }
 
-TReading TMachine::RunTool(const std::string& tool, const std::vector<std::string>& arguments,
-                           EExit exit) const
+TReading TMachine::CallTool(const std::string& tool,
+                            const std::vector<std::string>& arguments) const
 {
    const TToolPaths& paths = GetToolPaths(tool);
    if (!IsThisMachine())
       return ReadRecord(tool, arguments);
    TReading reading;
    const std::string path = FindTool(paths, reading);
-   if (path.empty())
-      return reading;
-   reading = RunProgram(path, tool, arguments);
+   return path.empty() ? reading : RunProgram(path, tool, arguments);
+}
+
+TReading TMachine::RunTool(const std::string& tool, const std::vector<std::string>& arguments,
+                           EExit exit) const
+{
+   constexpr std::size_t kKeptSize = 1024 * 1024;
+   const std::string call = GetRecordName(tool, arguments);
+   const auto known = fCalls.find(call);
+   TReading reading = known == fCalls.end() ? CallTool(tool, arguments) : known->second;
+   if (known == fCalls.end() && reading.fText.size() <= kKeptSize)
+      fCalls.emplace(call, reading);
    if (reading && exit == EExit::kZero && reading.fExitCode != 0) {
       reading.fReason = EReason::kFailed;
       if (reading.fDetail.empty())
          reading.fDetail = "exit code " + std::to_string(reading.fExitCode);
+      if (Contains(reading.fDetail, "Permission denied") ||
+          Contains(reading.fDetail, "Operation not permitted"))
+         reading.fReason = EReason::kNotPermitted;
    }
    return reading;
 }

@@ -2,10 +2,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "TCIMDateTime.h"
 #include "machine/TReading.h"
 
 namespace NZANQSX20 {
@@ -51,6 +53,9 @@ public:
    /// The content of a regular file, text or not.
    TReading Read(const std::string& path, std::size_t cap = kFileCap) const;
 
+   /// A part of a regular file, shorter where the file ends.
+   TReading ReadPart(const std::string& path, std::uint64_t offset, std::size_t size) const;
+
    /// The first line without the blanks around it, as files of /sys have it. Missing: empty,
    /// whatever the reason.
    std::string ReadLine(const std::string& path) const;
@@ -75,10 +80,18 @@ public:
    /// Missing: empty when there is no such path.
    std::string Resolve(const std::string& path) const;
 
+   /// Units: seconds since 1970. Missing: nothing when there is no such path.
+   std::optional<std::int64_t> GetModifiedTime(const std::string& path) const;
+
+   /// A point in time in the machine's own time zone, in UTC when that can't be told.
+   /// Units: seconds since 1970, microseconds.
+   TCIMDateTime MakeTime(std::int64_t seconds, unsigned microseconds = 0) const;
+
    /// Missing: nothing under a root other than "/", and when it can't be told.
    std::optional<TFileSystemSize> GetFileSystemSize(const std::string& path) const;
 
-   /// What a tool of the fixed table (Tools.cpp) prints on its standard output.
+   /// What a tool of the fixed table (Tools.cpp) prints on its standard output. The same call is
+   /// made once only.
    /// Throws: std::logic_error for a tool that the table does not have.
    TReading RunTool(const std::string& tool, const std::vector<std::string>& arguments,
                     EExit exit = EExit::kZero) const;
@@ -90,10 +103,14 @@ public:
 
 private:
    int Open(const std::string& path, int flags) const;
+   TReading CallTool(const std::string& tool, const std::vector<std::string>& arguments) const;
    TReading ReadRecord(const std::string& tool, const std::vector<std::string>& arguments) const;
 
    std::string fRoot;
    int fRootFolder = -1;
+   /// The rule of the time zone as POSIX writes it, "CET-1CEST,M3.5.0,M10.5.0/3".
+   std::string fTimeRule;
+   mutable std::map<std::string, TReading> fCalls;
 };
 
 }  // namespace NZANQSX20

@@ -17,11 +17,13 @@ const std::vector<TToolPaths>& GetTable()
    static const std::vector<TToolPaths> table = {
       {"dmesg", {"/usr/bin/dmesg", "/bin/dmesg"}},
       {"dmidecode", {"/usr/sbin/dmidecode", "/sbin/dmidecode"}},
+      {"ethtool", {"/usr/sbin/ethtool", "/sbin/ethtool"}},
       {"ip", {"/usr/sbin/ip", "/sbin/ip", "/usr/bin/ip"}},
       {"journalctl", {"/usr/bin/journalctl", "/bin/journalctl"}},
       {"lsblk", {"/usr/bin/lsblk", "/bin/lsblk"}},
       {"lspci", {"/usr/bin/lspci", "/usr/sbin/lspci", "/sbin/lspci"}},
       {"lsusb", {"/usr/bin/lsusb", "/usr/sbin/lsusb"}},
+      {"modinfo", {"/usr/sbin/modinfo", "/sbin/modinfo"}},
       {"rpm", {"/usr/bin/rpm", "/bin/rpm"}},
       {"smartctl", {"/usr/sbin/smartctl", "/sbin/smartctl"}},
       {"systemctl", {"/usr/bin/systemctl", "/bin/systemctl"}},

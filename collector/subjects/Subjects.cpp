@@ -7,6 +7,7 @@ const std::vector<TSubject>& GetSubjects()
    static const std::vector<TSubject> subjects = {
       // System
       {"Computer system", CollectComputerSystem},
+      {"Kernel modules", CollectKernelModules},
    };
    return subjects;
 }

@@ -20,5 +20,23 @@ const std::vector<TSubject>& GetSubjects();
 
 // System
 void CollectComputerSystem(const TMachine& machine, TCollected& collected);
+void CollectOperatingSystem(const TMachine& machine, TCollected& collected);
+void CollectAccounts(const TMachine& machine, TCollected& collected);
+void CollectConfiguration(const TMachine& machine, TCollected& collected);
+void CollectKernelModules(const TMachine& machine, TCollected& collected);
+void CollectPackages(const TMachine& machine, TCollected& collected);
+void CollectServices(const TMachine& machine, TCollected& collected);
+void CollectProcesses(const TMachine& machine, TCollected& collected);
+void CollectPerformance(const TMachine& machine, TCollected& collected);
+
+// Hardware
+void CollectProcessors(const TMachine& machine, TCollected& collected);
+void CollectMemory(const TMachine& machine, TCollected& collected);
+void CollectVideo(const TMachine& machine, TCollected& collected);
+
+// Devices
+
+// Firmware comes last: it refers to devices.
+void CollectFirmware(const TMachine& machine, TCollected& collected);
 
 }  // namespace NZANQSX20

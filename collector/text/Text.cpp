@@ -81,6 +81,11 @@ bool EndsWith(std::string_view text, std::string_view end)
    return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
 }
 
+bool Contains(std::string_view text, std::string_view part)
+{
+   return text.find(part) != std::string_view::npos;
+}
+
 std::string_view Trim(std::string_view text)
 {
    const std::size_t first = text.find_first_not_of(kBlanks);
@@ -156,6 +161,9 @@ std::string ToUtf8(std::string_view text)
    std::string result;
    result.reserve(text.size());
    while (!text.empty()) {
+      // A line end of two bytes is a line end.
+      if (StartsWith(text, "\r\n"))
+         text.remove_prefix(1);
       const std::size_t length = IsControl(text.front()) ? 0 : MeasureCharacter(text);
       if (length > 0) {
          result.append(text.substr(0, length));

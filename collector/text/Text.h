@@ -11,6 +11,7 @@ namespace NZANQSX20 {
 
 bool StartsWith(std::string_view text, std::string_view start);
 bool EndsWith(std::string_view text, std::string_view end);
+bool Contains(std::string_view text, std::string_view part);
 
 /// Without the blanks, line ends and null bytes around it. Owner: a view of the text.
 std::string_view Trim(std::string_view text);

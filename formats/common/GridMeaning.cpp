@@ -78,6 +78,20 @@ TGridMeaning FindGridMeaning(const TTableGrid& grid, std::string_view title,
    return meaning;
 }
 
+std::optional<TLogColumns> FindLogColumns(const TTableGrid& grid, const TLogTable& log,
+                                          const TLabelLookup& getLabel)
+{
+   if (!grid.fFirstRowIsHeader || grid.fCells.GetRows() == 0)
+      return std::nullopt;
+   std::vector<std::string> properties(grid.fCells.GetColumns());
+   for (const std::string& property : log.GetProperties()) {
+      std::size_t column = 0;
+      if (FindColumn(grid, getLabel(log.fClass, property), column))
+         properties[column] = property;
+   }
+   return log.FindColumns(properties);
+}
+
 TCell TStateRows::GetCell(std::size_t row, std::size_t column) const
 {
    TCell cell = fRows.GetCell(row, column);

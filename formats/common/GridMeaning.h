@@ -18,6 +18,7 @@ struct TGridMeaning
    /// does.
    std::vector<std::string_view> fStateColumns;
    std::optional<TDriveAttributeColumns> fDriveAttributes;
+   std::optional<TLogColumns> fLog;
 };
 
 /// The label that a property of a class has in a header row. Missing: the empty text.
@@ -29,6 +30,10 @@ using TLabelLookup =
 /// Missing: nothing for a comparison's marked grid, where what stands out is the difference.
 TGridMeaning FindGridMeaning(const TTableGrid& grid, std::string_view title,
                              const TLabelLookup& getLabel);
+
+/// The columns of a log's grid. Missing: nothing where the grid has no such labels.
+std::optional<TLogColumns> FindLogColumns(const TTableGrid& grid, const TLogTable& log,
+                                          const TLabelLookup& getLabel);
 
 /// Rows with the states of their cells. Owner: both are the caller's and outlive this view.
 class TStateRows final : public TTableRows

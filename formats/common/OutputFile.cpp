@@ -81,6 +81,17 @@ void TOutputFile::CopyFrom(TOutputFile& other, std::uint64_t offset, std::uint64
    }
 }
 
+void TOutputFile::ReadBack(std::uint64_t offset, char* bytes, std::size_t count)
+{
+   Flush();
+   while (count > 0) {
+      const std::size_t got = ReadAt(offset, bytes, count);
+      offset += got;
+      bytes += got;
+      count -= got;
+   }
+}
+
 void TOutputFile::Close()
 {
    Flush();

@@ -46,6 +46,9 @@ public:
    /// Appends a run of bytes that the other file has.
    void CopyFrom(TOutputFile& other, std::uint64_t offset, std::uint64_t length);
 
+   /// Reads a run of bytes of a temporary file.
+   void ReadBack(std::uint64_t offset, char* bytes, std::size_t count);
+
    /// Bytes written so far.
    std::uint64_t GetSize() const { return fFlushed + fUsed; }
 

@@ -171,6 +171,7 @@ void TReportFlow::WriteGrid(const TTableGrid& grid, const TGridMeaning& meaning)
       EndTable();
       TTableShape shape = GetGridShape(grid);
       shape.fDriveAttributes = meaning.fDriveAttributes;
+      shape.fLog = meaning.fLog;
       GetPage().BeginTable(shape);
       fIsGridOpen = true;
    }
@@ -233,6 +234,12 @@ void TReportFlow::AddCell(const TCell& cell)
    if (!fIsRowOpen)
       BeginTableRow();
    fRows.AddCell(cell);
+}
+
+void TReportFlow::SetLog(const TLogColumns& columns)
+{
+   if (fIsTableOpen && !fIsTableHandedOn)
+      fShape.fLog = columns;
 }
 
 void TReportFlow::SetColumnWidth(int percent)

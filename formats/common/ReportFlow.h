@@ -54,6 +54,8 @@ public:
                       const std::string& caption);
    void BeginTableRow();
    void AddCell(const TCell& cell);
+   /// What the columns of the table hold, which is written cell by cell.
+   void SetLog(const TLogColumns& columns);
    /// The wish of the column whose cell came last. Units: percent.
    void SetColumnWidth(int percent);
    void EndTableRow();

@@ -75,6 +75,8 @@ void TSinkWriter::Initialize(boost::shared_ptr<ICIMNamespace> cimNamespace, TCon
    fOutputDirectory = std::move(outputDirectory);
    fMode = ReadMode(params);
    fIsCadenzaPage = false;
+   fZones.clear();
+   fTableTitle.clear();
 
    TRunFacts facts = ReadRunFacts(fNamespace);
    MakeLabelsDistinct(fNamespaceLabels, fComparedFiles);
@@ -142,6 +144,7 @@ void TSinkWriter::WriteLogTable(TReportClass reportClass, const TInstances& inst
    if (reportClass.HasTitle())
       WriteTableTitle(reportClass.GetTitle(), reportClass.SubTitleEnabled(), false);
    reportClass.ClearTitle();
+   fLogClass = reportClass.GetClass();
    fFlow->BeginJoinedGrids();
    for (std::size_t first = 0; first < instances.size(); first += TReportFlow::kRowsPerRun) {
       const std::size_t end = std::min(instances.size(), first + TReportFlow::kRowsPerRun);
@@ -151,10 +154,12 @@ void TSinkWriter::WriteLogTable(TReportClass reportClass, const TInstances& inst
       WriteTable(reportClass, TInstances(at(first), at(end)), true, false, {});
    }
    fFlow->EndJoinedGrids();
+   fLogClass.clear();
 }
 
 void TSinkWriter::OpenReportFile(std::string path)
 {
+   fTableTitle.clear();
    fFlow->OpenReportFile(path);
 }
 
@@ -198,12 +203,14 @@ void TSinkWriter::WriteTableTitle(std::string title, const bool& subTitle, const
 
 void TSinkWriter::BeginColumnTable(std::string tableWidth, std::string caption, bool sortable)
 {
+   fHeaderProperties.clear();
    fFlow->BeginColumnTable(tableWidth, caption, sortable);
 }
 
 void TSinkWriter::BeginRowTable(std::string tableWidth, std::string labelColumnWidth,
                                 std::string caption)
 {
+   fHeaderProperties.clear();
    fFlow->BeginRowTable(tableWidth, labelColumnWidth, caption);
 }
 
@@ -212,6 +219,8 @@ void TSinkWriter::WriteHeaderCell(boost::shared_ptr<ICIMClass> cimClass, TReport
    const std::string name =
       property.HasLabelOverride() ? property.GetLabelOverride() : property.GetProperty();
    const std::string label = cimClass ? GetTableHeaderLabel(*cimClass, property, {}) : name;
+   fHeaderClass = cimClass ? cimClass->GetName({}) : "";
+   fHeaderProperties.push_back(property.GetProperty());
    // The two share a column.
    if (fIsCadenzaPage && property.GetProperty() == kCadenzaCommonValues) {
       fCommonValuesLabel = label;
@@ -224,6 +233,7 @@ void TSinkWriter::WriteHeaderCell(boost::shared_ptr<ICIMClass> cimClass, TReport
 
 void TSinkWriter::EndTableHeader()
 {
+   TakeLogColumns();
    fFlow->EndTableRow();
 }
 
@@ -340,8 +350,13 @@ void TSinkWriter::WriteEventLogTable(TInstances instances, std::string title, st
    const auto columns = GetFilledColumns(instances);
    fFlow->BeginColumnTable("100%", title, true);
    fFlow->BeginTableRow();
-   for (const auto& decl : columns)
+   fHeaderClass = instances.front()->GetClass({})->GetName({});
+   fHeaderProperties.clear();
+   for (const auto& decl : columns) {
       WriteLabel(GetDisplayName(decl), TReportProperty());
+      fHeaderProperties.push_back(decl->GetName({}));
+   }
+   TakeLogColumns();
    for (const auto& instance : instances) {
       fFlow->BeginTableRow();
       for (const auto& decl : columns)
@@ -355,7 +370,12 @@ void TSinkWriter::WriteGrid(TTableGrid* grid)
    const auto getLabel = [this](const std::string& className, const std::string& property) {
       return ReadLabel(className, property);
    };
-   fFlow->WriteGrid(*grid, FindGridMeaning(*grid, fTableTitle, getLabel));
+   TGridMeaning meaning = FindGridMeaning(*grid, fTableTitle, getLabel);
+   const TLogTable* const log =
+      fLogClass.empty() ? FindLogOfTitle(fTableTitle) : FindLogOfClass(fLogClass);
+   if (log != nullptr)
+      meaning.fLog = CompleteLog(*log, FindLogColumns(*grid, *log, getLabel));
+   fFlow->WriteGrid(*grid, meaning);
 }
 
 void TSinkWriter::WriteCadenzaHeader()
@@ -373,6 +393,30 @@ std::string TSinkWriter::GetArrayValueSeparatorText(TReportProperty::ArrayValueS
 std::string TSinkWriter::EncodeValueText(std::string text)
 {
    return text;
+}
+
+/// Adds how the zones of the records are found.
+std::optional<TLogColumns> TSinkWriter::CompleteLog(const TLogTable& log,
+                                                    std::optional<TLogColumns> columns)
+{
+   if (!columns)
+      return columns;
+   std::shared_ptr<TRecordZones>& zones = fZones[std::string(log.fClass) + "." + log.fTime];
+   if (!zones)
+      zones = std::make_shared<TRecordZones>(fNamespace, log.fClass, log.fTime);
+   columns->fFindOffset = [zones](std::string_view timeText) { return zones->Find(timeText); };
+   return columns;
+}
+
+/// Of a log that is written cell by cell, its header row tells the columns.
+void TSinkWriter::TakeLogColumns()
+{
+   const TLogTable* const titled = FindLogOfTitle(fTableTitle);
+   const TLogTable* const log = titled != nullptr ? titled : FindLogOfClass(fHeaderClass);
+   if (log == nullptr || fHeaderProperties.empty())
+      return;
+   if (const auto columns = CompleteLog(*log, log->FindColumns(fHeaderProperties)))
+      fFlow->SetLog(*columns);
 }
 
 void TSinkWriter::WriteLabel(const std::string& label, const TReportProperty& property)

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 
+#include "common/RecordZones.h"
 #include "common/ReportFlow.h"
 #include "writer/TWriter.h"
 #include "writer/ValueText.h"
@@ -88,6 +90,8 @@ private:
    void WriteLabel(const std::string& label, const TReportProperty& property);
    void WriteValue(const std::string& text, const std::string& untranslated, bool isMonospaced,
                    EState state = EState::kNone);
+   std::optional<TLogColumns> CompleteLog(const TLogTable& log, std::optional<TLogColumns> columns);
+   void TakeLogColumns();
    std::string ReadLabel(const std::string& className, const std::string& property);
    std::string ReadText(const boost::shared_ptr<ICIMInstance>& instance,
                         const TReportProperty& property);
@@ -102,6 +106,14 @@ private:
 
    /// The last title that is no sub-title.
    std::string fTableTitle;
+
+   /// By class and property.
+   std::map<std::string, std::shared_ptr<TRecordZones>> fZones;
+   /// The class of the log that WriteLogTable has in work. Missing: empty.
+   std::string fLogClass;
+   /// Of the header row of the table that is written cell by cell.
+   std::string fHeaderClass;
+   std::vector<std::string> fHeaderProperties;
 
    // The page of the device analysis, from PrepareCadenzaReport on.
    bool fIsCadenzaPage = false;

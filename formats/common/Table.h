@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "common/DriveAttributes.h"
+#include "common/LogColumns.h"
 #include "common/StateWords.h"
 
 // Tables as the formats see them: one shape, then runs of rows. Grids and tables written cell by
@@ -64,6 +65,8 @@ struct TTableShape
    bool fHasRowLabels = false;
    /// Of a table of drive attributes. Missing: any other table.
    std::optional<TDriveAttributeColumns> fDriveAttributes;
+   /// Of a table of log records. Missing: any other table.
+   std::optional<TLogColumns> fLog;
 };
 
 /// A run of rows of one table.

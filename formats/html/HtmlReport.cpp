@@ -18,6 +18,9 @@ void THtmlReport::BeginRun(const std::string& outputDirectory, const TRunFacts& 
    fCounter.reset();
    fBody.reset();
    fSpool.emplace(TOutputFile::MakeTemporary(outputDirectory));
+   fEvents.reset();
+   if (fSystems.IsEmpty())
+      fEvents.emplace(outputDirectory);
 }
 
 void THtmlReport::BeginPage(const std::string& linkName)
@@ -26,6 +29,7 @@ void THtmlReport::BeginPage(const std::string& linkName)
    page.fLinkName = linkName;
    page.fFileStem = fNames.Assign(linkName);
    fPages.push_back(std::move(page));
+   fTableTitle.clear();
    fBody = std::make_unique<THtmlBody>(*fSpool, fPages.back(), fSystems);
    if (!fSystems.IsEmpty())
       fCounter.emplace(fSystems, fPages.back().fDifferences);
@@ -74,6 +78,8 @@ void THtmlReport::WriteTableTitle(const TTableTitle& title)
 {
    if (fCounter)
       fCounter->OnTitle(title);
+   if (!title.fIsSubTitle)
+      fTableTitle = title.fText;
    fBody->WriteTableTitle(title);
 }
 
@@ -86,6 +92,9 @@ void THtmlReport::BeginTable(const TTableShape& shape)
 {
    if (fCounter)
       fCounter->OnTable(shape);
+   fIsLogOpen = fEvents && shape.fLog;
+   if (fIsLogOpen)
+      fEvents->BeginTable(fPages.size() - 1, fTableTitle, *shape.fLog);
    fBody->BeginTable(shape);
 }
 
@@ -93,12 +102,17 @@ void THtmlReport::WriteRows(const TTableRows& rows)
 {
    if (fCounter)
       fCounter->OnRows(rows);
+   if (fIsLogOpen)
+      fEvents->AddRows(rows);
    fBody->WriteRows(rows);
 }
 
 void THtmlReport::EndTable()
 {
    fBody->EndTable();
+   if (fIsLogOpen)
+      fEvents->EndTable(fPages.back().fTableCount, fPages.back().fFiles.size() - 1);
+   fIsLogOpen = false;
    if (fCounter)
       fCounter->OnTableEnd(fPages.back().fFiles.size() - 1, fPages.back().fTableCount);
 }

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "common/EventLog.h"
 #include "common/PageNames.h"
 #include "common/ReportSink.h"
 #include "html/HtmlBody.h"
@@ -48,4 +49,9 @@ private:
    std::unique_ptr<THtmlBody> fBody;
    /// Missing: empty unless it is a comparison.
    std::optional<TDifferenceCounter> fCounter;
+   /// Of the whole run. Missing: none in a comparison.
+   std::optional<TEventLog> fEvents;
+   /// The title that a table of the page would stand under.
+   std::string fTableTitle;
+   bool fIsLogOpen = false;
 };

@@ -1,0 +1,299 @@
+#include "common/EventLog.h"
+
+#include <algorithm>
+#include <cstring>
+#include <map>
+#include <numeric>
+
+namespace {
+
+constexpr std::int64_t kHour = 3600;
+constexpr std::int64_t kMinute = 60;
+/// Texts of a record in the spool: this many lengths, then as many texts.
+constexpr std::size_t kTexts = 5;
+using TLengths = std::array<std::uint32_t, kTexts>;
+
+std::string_view GetText(const TTableRows& rows, std::size_t row, std::size_t column)
+{
+   return column < rows.GetCellCount(row) ? rows.GetCell(row, column).fText : std::string_view();
+}
+
+std::uint64_t MakeHash(std::string_view time, std::string_view message)
+{
+   const std::hash<std::string_view> hash;
+   constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15;
+   return hash(time) * kFactor + hash(message);
+}
+
+std::string_view AsBytes(const TLengths& lengths)
+{
+   return {reinterpret_cast<const char*>(lengths.data()), sizeof lengths};
+}
+
+/// The next lower multiple, of negative numbers too.
+std::int64_t RoundDown(std::int64_t number, std::int64_t unit)
+{
+   const std::int64_t rest = number % unit;
+   return number - (rest < 0 ? rest + unit : rest);
+}
+
+}  // namespace
+
+std::uint64_t TEventCounts::GetTotal(ESeverity severity) const
+{
+   const auto& counts = fCounts[static_cast<std::size_t>(severity)];
+   return std::accumulate(counts.begin(), counts.end(), std::uint64_t{0});
+}
+
+std::uint32_t TEventCounts::GetMost(ESeverity severity) const
+{
+   const auto& counts = fCounts[static_cast<std::size_t>(severity)];
+   return counts.empty() ? 0 : *std::max_element(counts.begin(), counts.end());
+}
+
+void TEventLog::BeginTable(std::size_t page, const std::string& title, const TLogColumns& columns)
+{
+   TEventTable table;
+   table.fPage = page;
+   table.fTitle = title;
+   fTables.push_back(std::move(table));
+   fColumns = columns;
+   fRow = 0;
+   if (!fSpool)
+      fSpool.emplace(TOutputFile::MakeTemporary(fFolder));
+}
+
+void TEventLog::AddRows(const TTableRows& rows)
+{
+   for (std::size_t row = 0; row < rows.GetRowCount(); ++row)
+      AddRow(rows, row);
+}
+
+void TEventLog::EndTable(unsigned number, std::size_t file)
+{
+   fTables.back().fNumber = number;
+   fTables.back().fFile = file;
+}
+
+void TEventLog::AddRow(const TTableRows& rows, std::size_t row)
+{
+   ++fRow;
+   std::string dateAndTime;
+   std::string_view time = GetText(rows, row, fColumns.fTime);
+   if (fColumns.fDate != TLogColumns::kNone) {
+      dateAndTime = GetText(rows, row, fColumns.fDate);
+      dateAndTime.append(" ").append(time);
+      time = dateAndTime;
+   }
+   const std::string_view severity = GetText(rows, row, fColumns.fSeverity);
+   const std::array<std::string_view, kTexts> texts = {
+      time, severity, GetText(rows, row, fColumns.fSource), GetText(rows, row, fColumns.fMessage),
+      GetText(rows, row, fColumns.fLogName)};
+
+   const std::uint64_t hash = MakeHash(time, texts[3]);
+   if (!fColumns.fIsMerged)
+      fSeen.Add(hash);
+   else if (fSeen.Take(hash))
+      return;
+   else
+      fMergedOnly.emplace_back(static_cast<std::uint32_t>(fEvents.size()), hash);
+
+   TEvent event;
+   event.fTable = static_cast<std::uint32_t>(fTables.size() - 1);
+   event.fRow = fRow;
+   event.fSeverity = FindSeverity(severity);
+   Date(event, time);
+   event.fTexts = fSpool->GetSize();
+   TLengths lengths;
+   for (std::size_t i = 0; i < kTexts; ++i)
+      lengths[i] = static_cast<std::uint32_t>(texts[i].size());
+   fSpool->Write(AsBytes(lengths));
+   for (const std::string_view text : texts)
+      fSpool->Write(text);
+   event.fTextsLength = static_cast<std::uint32_t>(fSpool->GetSize() - event.fTexts);
+   fEvents.push_back(event);
+}
+
+void TEventLog::Date(TEvent& event, std::string_view timeText) const
+{
+   const std::optional<TEventTime> time = ReadEventTime(timeText);
+   if (!time)
+      return;
+   event.fSeconds = time->fSeconds;
+   std::optional<short> offset = time->fUtcOffset;
+   if (!offset && fColumns.fFindOffset)
+      offset = fColumns.fFindOffset(timeText);
+   event.fIsZoneKnown = offset.has_value();
+   event.fUtcOffset = offset.value_or(0);
+}
+
+bool TEventLog::TSeenRecords::Take(std::uint64_t hash)
+{
+   if (!fAdded.empty())
+      Sort();
+   const auto found = std::lower_bound(fCounts.begin(), fCounts.end(), std::make_pair(hash, 0u));
+   if (found == fCounts.end() || found->first != hash || found->second == 0)
+      return false;
+   --found->second;
+   return true;
+}
+
+void TEventLog::TSeenRecords::Sort()
+{
+   for (const std::uint64_t hash : fAdded)
+      fCounts.emplace_back(hash, 1);
+   fAdded = {};
+   std::sort(fCounts.begin(), fCounts.end());
+   std::size_t kept = 0;
+   for (std::size_t i = 0; i < fCounts.size(); ++i)
+      if (kept > 0 && fCounts[kept - 1].first == fCounts[i].first)
+         fCounts[kept - 1].second += fCounts[i].second;
+      else
+         fCounts[kept++] = fCounts[i];
+   fCounts.resize(kept);
+}
+
+void TEventLog::Finish()
+{
+   fOrder.resize(fEvents.size());
+   std::iota(fOrder.begin(), fOrder.end(), 0u);
+   DropLateRepeats();
+   ChooseClock();
+   Sort();
+   CountUp();
+}
+
+/// Logs that came after the merged one.
+void TEventLog::DropLateRepeats()
+{
+   std::vector<std::uint32_t> dropped;
+   for (const auto& [event, hash] : fMergedOnly)
+      if (fSeen.Take(hash))
+         dropped.push_back(event);
+   fOrder.erase(std::remove_if(fOrder.begin(), fOrder.end(),
+                               [&dropped](std::uint32_t event) {
+                                  return std::binary_search(dropped.begin(), dropped.end(), event);
+                               }),
+                fOrder.end());
+   fSeen = {};
+   fMergedOnly = {};
+}
+
+void TEventLog::ChooseClock()
+{
+   std::map<short, std::size_t> recordsOf;
+   for (const std::uint32_t at : fOrder)
+      if (fEvents[at].fIsZoneKnown)
+         ++recordsOf[fEvents[at].fUtcOffset];
+   const auto most =
+      std::max_element(recordsOf.begin(), recordsOf.end(),
+                       [](const auto& a, const auto& b) { return a.second < b.second; });
+   if (most == recordsOf.end())
+      return;
+   fClock = most->first;
+   for (const std::uint32_t at : fOrder)
+      if (fEvents[at].fIsZoneKnown)
+         fEvents[at].fSeconds += (*fClock - fEvents[at].fUtcOffset) * kMinute;
+}
+
+void TEventLog::Sort()
+{
+   std::reverse(fOrder.begin(), fOrder.end());
+   std::stable_sort(fOrder.begin(), fOrder.end(), [this](std::uint32_t a, std::uint32_t b) {
+      return fEvents[a].fSeconds > fEvents[b].fSeconds;
+   });
+   // Those without a date have the least number of all; among them the logs begin at the top.
+   const auto undated = std::find_if(fOrder.begin(), fOrder.end(), [this](std::uint32_t at) {
+      return fEvents[at].fSeconds == TEvent::kUndated;
+   });
+   std::reverse(undated, fOrder.end());
+}
+
+void TEventLog::CountUp()
+{
+   for (const std::uint32_t at : fOrder) {
+      const TEvent& event = fEvents[at];
+      ++fTables[event.fTable].fEvents;
+      ++fBySeverity[static_cast<std::size_t>(event.fSeverity)];
+      const bool isDated = event.fSeconds != TEvent::kUndated;
+      fUndated += !isDated;
+      fZoneless += isDated && !event.fIsZoneKnown;
+      fConverted += event.fIsZoneKnown && event.fUtcOffset != fClock;
+   }
+}
+
+TEventTexts TEventLog::ReadTexts(const TEvent& event)
+{
+   fReadTexts.resize(event.fTextsLength);
+   fSpool->ReadBack(event.fTexts, fReadTexts.data(), fReadTexts.size());
+   TLengths lengths;
+   std::memcpy(lengths.data(), fReadTexts.data(), sizeof lengths);
+   std::array<std::string_view, kTexts> texts;
+   std::size_t begin = sizeof lengths;
+   for (std::size_t i = 0; i < kTexts; ++i) {
+      texts[i] = std::string_view(fReadTexts).substr(begin, lengths[i]);
+      begin += lengths[i];
+   }
+   return {texts[0], texts[1], texts[2], texts[3], texts[4]};
+}
+
+TEventCounts TEventLog::CountAll(std::size_t spans) const
+{
+   // Spans that people count in, so that a mark on the axis is a time that can be said.
+   constexpr std::int64_t kUnits[] = {10,
+                                      30,
+                                      kMinute,
+                                      5 * kMinute,
+                                      15 * kMinute,
+                                      30 * kMinute,
+                                      kHour,
+                                      3 * kHour,
+                                      6 * kHour,
+                                      12 * kHour,
+                                      24 * kHour,
+                                      2 * 24 * kHour,
+                                      7 * 24 * kHour,
+                                      14 * 24 * kHour,
+                                      28 * 24 * kHour};
+   if (fOrder.size() == fUndated)
+      return {};
+   const std::int64_t newest = Get(0).fSeconds;
+   const std::int64_t oldest = Get(fOrder.size() - 1 - fUndated).fSeconds;
+   const auto count = static_cast<std::int64_t>(spans);
+   const auto getSpans = [&](std::int64_t unit) {
+      return (RoundDown(newest, unit) - RoundDown(oldest, unit)) / unit + 1;
+   };
+   std::int64_t unit = kUnits[0];
+   for (const std::int64_t next : kUnits)
+      if (getSpans(unit) > count)
+         unit = next;
+   while (getSpans(unit) > count)
+      unit *= 2;
+   return Count(RoundDown(oldest, unit), unit, static_cast<std::size_t>(getSpans(unit)));
+}
+
+TEventCounts TEventLog::CountLastHours(std::size_t hours) const
+{
+   if (fOrder.size() == fUndated || hours == 0)
+      return {};
+   const std::int64_t lastHour = RoundDown(Get(0).fSeconds, kHour);
+   return Count(lastHour - kHour * (static_cast<std::int64_t>(hours) - 1), kHour, hours);
+}
+
+TEventCounts TEventLog::Count(std::int64_t begin, std::int64_t spanSeconds, std::size_t spans) const
+{
+   TEventCounts counts;
+   counts.fBegin = begin;
+   counts.fSpanSeconds = spanSeconds;
+   for (auto& ofSeverity : counts.fCounts)
+      ofSeverity.resize(spans);
+   for (std::size_t i = 0; i < fOrder.size() - fUndated; ++i) {
+      const TEvent& event = Get(i);
+      if (event.fSeconds < begin)
+         break;
+      const auto span = static_cast<std::size_t>((event.fSeconds - begin) / spanSeconds);
+      if (span < spans)
+         ++counts.fCounts[static_cast<std::size_t>(event.fSeverity)][span];
+   }
+   return counts;
+}

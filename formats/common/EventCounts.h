@@ -12,6 +12,8 @@ struct TEventCounts
    /// Units: seconds from 1970-01-01 00:00:00 of the timeline's clock, see MakeEventTimeText.
    std::int64_t fBegin = 0;
    std::int64_t fSpanSeconds = 0;
+   /// How many records are from before the first span.
+   std::uint64_t fOlder = 0;
    /// One number for each span, by ESeverity. Missing: empty where no record has a date.
    std::array<std::vector<std::uint32_t>, kSeverities> fCounts;
 

@@ -9,6 +9,8 @@ namespace {
 
 constexpr std::int64_t kHour = 3600;
 constexpr std::int64_t kMinute = 60;
+/// One in so many records may be far from all others.
+constexpr std::size_t kFewRecords = 100;
 /// Texts of a record in the spool: this many lengths, then as many texts.
 constexpr std::size_t kTexts = 5;
 using TLengths = std::array<std::uint32_t, kTexts>;
@@ -102,6 +104,7 @@ void TEventLog::AddRow(const TTableRows& rows, std::size_t row)
    event.fTable = static_cast<std::uint32_t>(fTables.size() - 1);
    event.fRow = fRow;
    event.fSeverity = FindSeverity(severity);
+   fHasSeverities |= !severity.empty();
    Date(event, time);
    event.fTexts = fSpool->GetSize();
    TLengths lengths;
@@ -258,7 +261,11 @@ TEventCounts TEventLog::CountAll(std::size_t spans) const
    if (fOrder.size() == fUndated)
       return {};
    const std::int64_t newest = Get(0).fSeconds;
-   const std::int64_t oldest = Get(fOrder.size() - 1 - fUndated).fSeconds;
+   const std::size_t dated = fOrder.size() - fUndated;
+   std::int64_t oldest = Get(dated - 1).fSeconds;
+   const std::int64_t mostlyOldest = Get(dated - 1 - dated / kFewRecords).fSeconds;
+   if (newest - mostlyOldest < (newest - oldest) / 2)
+      oldest = mostlyOldest;
    const auto count = static_cast<std::int64_t>(spans);
    const auto getSpans = [&](std::int64_t unit) {
       return (RoundDown(newest, unit) - RoundDown(oldest, unit)) / unit + 1;
@@ -289,8 +296,10 @@ TEventCounts TEventLog::Count(std::int64_t begin, std::int64_t spanSeconds, std:
       ofSeverity.resize(spans);
    for (std::size_t i = 0; i < fOrder.size() - fUndated; ++i) {
       const TEvent& event = Get(i);
-      if (event.fSeconds < begin)
+      if (event.fSeconds < begin) {
+         counts.fOlder = fOrder.size() - fUndated - i;
          break;
+      }
       const auto span = static_cast<std::size_t>((event.fSeconds - begin) / spanSeconds);
       if (span < spans)
          ++counts.fCounts[static_cast<std::size_t>(event.fSeverity)][span];

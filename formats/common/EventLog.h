@@ -96,6 +96,9 @@ public:
    /// The offset of the timeline's clock: that of most records. Missing: no record tells its zone.
    std::optional<short> GetUtcOffset() const { return fClock; }
 
+   /// Whether any log tells severities.
+   bool HasSeverities() const { return fHasSeverities; }
+
    std::uint64_t GetUndatedCount() const { return fUndated; }
 
    /// Of those with a date.
@@ -109,7 +112,8 @@ public:
       return fBySeverity[static_cast<std::size_t>(severity)];
    }
 
-   /// From the oldest record to the newest, in so many spans at most.
+   /// From the oldest record to the newest, in so many spans at most. The oldest hundredth of them
+   /// is left out where the rest would fill less than half of the spans.
    TEventCounts CountAll(std::size_t spans) const;
    /// The hours that end with that of the newest record.
    TEventCounts CountLastHours(std::size_t hours) const;
@@ -152,6 +156,7 @@ private:
    std::vector<std::pair<std::uint32_t, std::uint64_t>> fMergedOnly;
 
    std::optional<short> fClock;
+   bool fHasSeverities = false;
    std::uint64_t fUndated = 0;
    std::uint64_t fZoneless = 0;
    std::uint64_t fConverted = 0;

@@ -12,8 +12,8 @@ namespace {
 constexpr std::string_view kCanonicalShape = "0000-00-00 00:00:00";
 constexpr std::size_t kLongestText = 64;
 
-/// Service processors count from the year 1970 until somebody sets their clock; their
-/// specification keeps the years to 1987 for it.
+/// Service processors count from the year 1970 until somebody sets their clock; IPMI keeps the
+/// years to 1987 for that.
 constexpr int kFirstYear = 1987;
 
 /// Forms other than the canonical one, for strptime. Month names are those of the C locale.

@@ -3,6 +3,7 @@
 #include "html/BundledFiles.h"
 #include "html/HtmlFrontPage.h"
 #include "html/HtmlReportPage.h"
+#include "html/HtmlTimeline.h"
 
 THtmlReport::THtmlReport(THtmlOptions options) : fOptions(std::move(options)) {}
 
@@ -46,10 +47,23 @@ void THtmlReport::EndPage()
 
 void THtmlReport::EndRun(const TReportIndex& index)
 {
-   const THtmlSite site{fFacts, fOptions, index, fPages, fSystems};
+   THtmlSite site{fFacts, fOptions, index, fPages, fSystems};
    const std::vector<TReportIndex::TPlace> places = index.GetPlaces();
+   if (fEvents)
+      fEvents->Finish();
+   const bool hasTimeline = fEvents && !fEvents->IsEmpty();
+   if (hasTimeline)
+      site.fOwnPages.push_back({kTimelineFile, kTimelineTitle, fEvents->GetCount()});
    for (std::size_t page = 0; page < fPages.size(); ++page)
       WriteReportPage(fOutputDirectory, site, page, places[page], *fSpool);
+
+   if (hasTimeline) {
+      TOutputFile timeline(fOutputDirectory + "/" + kTimelineFile);
+      THtmlSink timelineOut(timeline);
+      WriteTimeline(timelineOut, site, places, *fEvents);
+      timeline.Close();
+   }
+   fEvents.reset();
 
    TOutputFile frontPage(fOutputDirectory + "/" + kFrontPageFile);
    THtmlSink out(frontPage);

@@ -77,6 +77,15 @@ void WriteStateMark(THtmlSink& out, EState state, std::string_view text)
       out << TText{word} << "</span> "_html;
 }
 
+void WriteStateShape(THtmlSink& out, EState state)
+{
+   if (state == EState::kNone)
+      return;
+   const TMarkup name = GetName(state);
+   out << "<svg class=\"glyph is-"_html << name << "\" aria-hidden=\"true\"><use href=\"#g-"_html
+       << name << "\"></use></svg>"_html;
+}
+
 void WriteStateGlyph(THtmlSink& out, EState state)
 {
    if (state == EState::kNone || state == EState::kOk)

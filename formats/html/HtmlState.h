@@ -12,6 +12,9 @@ void WriteStateShapes(THtmlSink& out);
 /// text that follows begins with it. Missing: nothing for kNone.
 void WriteStateMark(THtmlSink& out, EState state, std::string_view text);
 
+/// Writes the shape of a state ahead of a text that has a word of its own for it.
+void WriteStateShape(THtmlSink& out, EState state);
+
 /// Writes the shape of a state alone; its word is read aloud. Missing: nothing for kNone and kOk.
 void WriteStateGlyph(THtmlSink& out, EState state);
 

@@ -45,7 +45,7 @@ public:
 
    TXMLName FindName(std::string_view name) const override { return FindCIMXMLName(name); }
 
-   void StartElement(TXMLName name, const char* text, const TAttributes& attributes,
+   void StartElement(TXMLName name, std::string_view text, const TAttributes& attributes,
                      TPlace place) override
    {
       const std::size_t mark = TPlacedSource::MakeMark(place);

@@ -54,11 +54,13 @@ TLead ReadLead(unsigned char lead)
    return {0, 0, 0};
 }
 
-/// The bytes of the multi-byte character at the start of the text, 0 when it is none.
-std::size_t MatchMultiByte(const unsigned char* bytes, std::size_t size)
+}  // namespace
+
+std::size_t MatchUtf8Character(std::string_view text)
 {
+   const auto* const bytes = reinterpret_cast<const unsigned char*>(text.data());
    const TLead lead = ReadLead(bytes[0]);
-   if (lead.fLength == 0 || lead.fLength > size)
+   if (lead.fLength == 0 || lead.fLength > text.size())
       return 0;
    if (bytes[1] < lead.fSecondLow || bytes[1] > lead.fSecondHigh)
       return 0;
@@ -68,8 +70,6 @@ std::size_t MatchMultiByte(const unsigned char* bytes, std::size_t size)
    return lead.fLength;
 }
 
-}  // namespace
-
 std::size_t FindInvalidUtf8(std::string_view text)
 {
    std::size_t offset = 0;
@@ -77,12 +77,11 @@ std::size_t FindInvalidUtf8(std::string_view text)
       offset += SkipAsciiWords(text.data() + offset, text.size() - offset);
       if (offset == text.size())
          break;
-      const auto* bytes = reinterpret_cast<const unsigned char*>(text.data()) + offset;
-      if (bytes[0] < 0x80) {
+      if (static_cast<unsigned char>(text[offset]) < 0x80) {
          ++offset;
          continue;
       }
-      const std::size_t length = MatchMultiByte(bytes, text.size() - offset);
+      const std::size_t length = MatchUtf8Character(text.substr(offset));
       if (length == 0)
          return offset;
       offset += length;

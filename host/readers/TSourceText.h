@@ -80,6 +80,9 @@ private:
 /// What a UTF-8 file may begin with.
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
+/// The bytes of the character beyond ASCII that the text starts with. Missing: 0 when it is none.
+std::size_t MatchUtf8Character(std::string_view text);
+
 /// The offset of the first byte that is no part of a valid UTF-8 character, or npos.
 std::size_t FindInvalidUtf8(std::string_view text);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,14 +32,19 @@ public:
    virtual TXMLName FindName(std::string_view name) const = 0;
 
    /// The text is that of the name; the place is that of the tag.
-   virtual void StartElement(TXMLName name, const char* text,
+   virtual void StartElement(TXMLName name, std::string_view text,
                              const std::vector<TXMLAttribute>& attributes, TPlace place) = 0;
    virtual void EndElement() = 0;
-   /// A piece of text, entity references and CDATA done; one text may come in several pieces.
+   /// A piece of text, entity references and CDATA done; one text may come in several pieces. The
+   /// place is one in the text.
    virtual void Text(std::string_view text, TPlace place) = 0;
 };
 
-/// Reads a document in constant memory, in any encoding that it declares.
+/// How far into a document its root element is looked for before the slower scanner takes it.
+constexpr std::size_t kPrologBytes = 4096;
+
+/// Reads a document in constant memory, in any encoding that it declares. Plain UTF-8 without a
+/// document type is read in place, anything else by libxml2.
 ///
 /// Shape:  no file but the given bytes is opened; the external identifier of a DOCTYPE is passed
 ///         over; an internal subset and a reference to an entity of one are refused at their first

@@ -7,7 +7,21 @@ const std::vector<TSubject>& GetSubjects()
    static const std::vector<TSubject> subjects = {
       // System
       {"Computer system", CollectComputerSystem},
+      {"Operating system", CollectOperatingSystem},
+      {"Users", CollectAccounts},
+      {"Configuration", CollectConfiguration},
       {"Kernel modules", CollectKernelModules},
+      {"Packages", CollectPackages},
+      {"Services", CollectServices},
+      {"Processes", CollectProcesses},
+      {"Performance", CollectPerformance},
+      // Hardware
+      {"Processors", CollectProcessors},
+      {"Memory", CollectMemory},
+      {"Video", CollectVideo},
+      // Devices
+      // Firmware refers to devices.
+      {"Firmware", CollectFirmware},
    };
    return subjects;
 }

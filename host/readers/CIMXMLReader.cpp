@@ -1,5 +1,6 @@
 #include "readers/CIMXMLReader.h"
 
+#include <charconv>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -85,6 +86,25 @@ public:
          fSource.Fail(mark, fmt::format("expected at most {} bytes in one text, found more",
                                         fLimits.fTextBytes));
       fText += text;
+   }
+
+   /// A character of a text that XML has no form for.
+   void Instruction(std::string_view target, std::string_view content, TPlace place) override
+   {
+      if (target != kCharacterInstruction)
+         return;
+      std::uint32_t code = 0;
+      const char* const end = content.data() + content.size();
+      const auto read = std::from_chars(content.data(), end, code, 16);
+      const bool isNumber = read.ec == std::errc() && read.ptr == end;
+      if (!isNumber || (code >= 0x20 && code != 0xFFFE && code != 0xFFFF))
+         fSource.Fail(TPlacedSource::MakeMark(place),
+                      fmt::format("expected the number of a character that XML has no form for, "
+                                  "found {}",
+                                  QuoteForMessage(content)));
+      std::string character;
+      AppendUtf8(character, code);
+      Text(character, place);
    }
 
 private:

@@ -7,6 +7,10 @@
 
 namespace NZANQSX20 {
 
+/// Stands in a text for a character that XML 1.0 has no form for: `<?qsx-char 1B?>`, the number in
+/// hexadecimal.
+constexpr const char* kCharacterInstruction = "qsx-char";
+
 /// Reads a CIM-XML document (DSP0201: a declaration or a captured response) into the builder, in
 /// memory that does not grow with the document.
 ///

@@ -99,6 +99,7 @@ private:
       // The same function: libxml2 then does not ask whether blanks may be left out.
       callbacks.ignorableWhitespace = Characters;
       callbacks.cdataBlock = Characters;
+      callbacks.processingInstruction = Instruction;
       callbacks.internalSubset = DocumentType;
       callbacks.reference = Reference;
       callbacks.serror = Error;
@@ -231,6 +232,13 @@ private:
          scan.fHandler.Text({reinterpret_cast<const char*>(text), static_cast<std::size_t>(size)},
                             scan.GetPlace());
       });
+   }
+
+   static void Instruction(void* self, const xmlChar* target, const xmlChar* content)
+   {
+      TScan& scan = Self(self);
+      scan.Guard(
+         [&] { scan.fHandler.Instruction(ToView(target), ToView(content), scan.GetPlace()); });
    }
 
    static void DocumentType(void* self, const xmlChar*, const xmlChar*, const xmlChar*)

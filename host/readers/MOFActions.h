@@ -8,6 +8,7 @@
 #include <fmt/format.h>
 
 #include "readers/MOFGrammar.h"
+#include "readers/MOFReader.h"
 #include "readers/MOFText.h"
 #include "readers/ReadValue.h"
 #include "readers/TObjectDraft.h"
@@ -280,7 +281,7 @@ struct TAction<TProperty>
                           ? ECIMType(TCIMValue::TCIMType::kReference)
                           : RequireType(state.fSource, state.fTypeMark, state.fTypeName);
       property.fIsArray = state.fIsArrayType;
-      if (state.fIsReference)
+      if (state.fIsReference && state.fTypeName != kAnyClass)
          property.fReferenceClass = state.fTypeName;
       property.fValues = state.TakeInitializer();
       property.fFirstQualifier = state.fFirstQualifier;

@@ -15,6 +15,9 @@ namespace NZANQSX20 {
 using TIncludeOpener = std::function<std::shared_ptr<TSourceText>(
    const TSource& including, std::size_t mark, std::string_view name)>;
 
+/// `object ref Name;` declares a reference to instances of any class.
+constexpr const char* kAnyClass = "object";
+
 /// Reads a MOF text and what it includes into the builder.
 ///
 /// Owner:  the text is shared with the store where values are kept as views of it.

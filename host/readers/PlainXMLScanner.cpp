@@ -201,7 +201,13 @@ private:
          FailAt(cursor, "a blank or '?>'");
       if (*cursor == '?' && !GoesOn(cursor, "?>"))
          FailAt(cursor, "'?>'");
-      Pass(Find(cursor, "?>") + 2);
+      const TPlace place = GetPlace(fCursor);
+      const char* const end = Find(cursor, "?>");
+      while (cursor < end && IsXMLByte(*cursor, kXMLBlank))
+         ++cursor;
+      const std::string_view content(cursor, static_cast<std::size_t>(end - cursor));
+      Pass(end + 2);
+      fHandler.Instruction(target, content, place);
    }
 
    /// A line ends with "\n", however it is written.

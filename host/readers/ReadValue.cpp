@@ -173,6 +173,14 @@ bool ReadCharacter(std::string_view text, TTypedValue& value)
    return true;
 }
 
+/// A character that XML has no form for, or half of a surrogate pair: "\\xD800".
+bool ReadEscapedCharacter(std::string_view text, TTypedValue& value)
+{
+   constexpr std::size_t kLength = 6;
+   return text.size() == kLength && text.substr(0, 2) == "\\x" &&
+          ReadMagnitude(text.substr(2), 16, value.fUnsigned);
+}
+
 bool ReadDateTime(std::string_view text, TTypedValue& value)
 {
    return TCIMDateTime::Parse(std::string(text), value.fDateTime);
@@ -259,7 +267,8 @@ bool ReadTypedValue(const TValueDraft& draft, ECIMType type, TTypedValue& value)
       case TType::kChar16:
          if (draft.fForm == TValueDraft::kInteger)
             return ReadInteger(text, isMOF, value);
-         return ReadCharacter(draft.fText, value);
+         return ReadCharacter(draft.fText, value) ||
+                (!isMOF && ReadEscapedCharacter(draft.fText, value));
       case TType::kReal32:
       case TType::kReal64:
          return draft.fForm == TValueDraft::kInteger ? ReadWholeReal(text, isMOF, value)

@@ -38,6 +38,11 @@ public:
    /// A piece of text, entity references and CDATA done; one text may come in several pieces. The
    /// place is one in the text.
    virtual void Text(std::string_view text, TPlace place) = 0;
+
+   /// A processing instruction `<?target content?>`; passed over unless a handler cares.
+   virtual void Instruction(std::string_view /*target*/, std::string_view /*content*/,
+                            TPlace /*place*/)
+   {}
 };
 
 /// How far into a document its root element is looked for before the slower scanner takes it.

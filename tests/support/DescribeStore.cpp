@@ -1,5 +1,6 @@
 #include "support/DescribeStore.h"
 
+#include <map>
 #include <vector>
 
 #include "CIMStore.h"
@@ -67,4 +68,21 @@ std::string DescribeStore(const boost::shared_ptr<TMemoryStore>& store)
    for (const TStoredClass* storedClass : store->GetSchema().GetClasses())
       text += DescribeClass(*storedClass);
    return text + DescribeInstances(store);
+}
+
+std::string DescribeStoreAndOrder(const boost::shared_ptr<TMemoryStore>& store)
+{
+   std::string text = DescribeStore(store);
+   std::map<std::uint64_t, std::string> paths;
+   for (const TStoredClass* storedClass : store->GetSchema().GetClasses()) {
+      text += "own of " + storedClass->GetName() + ":";
+      for (const TStoredProperty* property : storedClass->GetOwnProperties())
+         text += ' ' + property->GetDeclaration().fName;
+      text += '\n';
+      for (const TStoredInstance* instance : storedClass->GetInstances())
+         paths[instance->GetOrder()] = store->GetPath(*instance);
+   }
+   for (const auto& [order, path] : paths)
+      text += path + "\n";
+   return text;
 }

@@ -12,3 +12,6 @@ std::string DescribeStore(const boost::shared_ptr<NZANQSX20::TMemoryStore>& stor
 
 /// The lines of the instances alone.
 std::string DescribeInstances(const boost::shared_ptr<NZANQSX20::TMemoryStore>& store);
+
+/// With which class declares what itself, and the order of the instances over all classes.
+std::string DescribeStoreAndOrder(const boost::shared_ptr<NZANQSX20::TMemoryStore>& store);

@@ -18,6 +18,7 @@ struct TParsedLine
 {
    TOptions fOptions;
    std::vector<std::string> fFormats;
+   std::string fForm;
 };
 
 struct TCommandName
@@ -39,6 +40,8 @@ constexpr TCommandName kCommands[] = {
     "Print the report definitions for a collection, as JSON"},
    {ECommand::kCheck, "check", "COLLECTION... [options]",
     "Read a collection and tell what it holds and what is wrong"},
+   {ECommand::kConvert, "convert", "COLLECTION... -o FILE [options]",
+    "Write a collection as one file, in the form that its name asks for"},
 };
 
 constexpr const char* kExitCodes =
@@ -50,6 +53,17 @@ bool WritesPages(ECommand command)
 {
    return command == ECommand::kReport || command == ECommand::kCompare ||
           command == ECommand::kHypervisor;
+}
+
+bool WritesCollection(ECommand command)
+{
+   return command == ECommand::kConvert;
+}
+
+/// Whether the library runs over the collection.
+bool RunsLibrary(ECommand command)
+{
+   return WritesPages(command) || command == ECommand::kCatalogue;
 }
 
 [[noreturn]] void FailUsage(const std::string& message)
@@ -130,6 +144,25 @@ void AddOutputOptions(CLI::App& command, TParsedLine& line)
    command.add_option("--format", line.fFormats, DescribeFormats())
       ->type_name("F")
       ->allow_extra_args(false)
+      ->group("Output");
+}
+
+void AddCollectionOutputOptions(CLI::App& command, TParsedLine& line)
+{
+   TOptions& options = line.fOptions;
+   command
+      .add_option("-o,--output", options.fOutput,
+                  std::string("Output file, ") + NZANQSX20::kCollectionEndings +
+                     "; it appears whole or not at all; - is standard output")
+      ->type_name("FILE")
+      ->group("Output");
+   command.add_flag("--force", options.fForce, "Replace an output file that exists")
+      ->group("Output");
+   command
+      .add_option("--format", line.fForm,
+                  "What to write where the name does not tell: mof (default for -), xml, mof.gz, "
+                  "xml.gz, mof.zst or xml.zst")
+      ->type_name("F")
       ->group("Output");
 }
 
@@ -220,14 +253,17 @@ void AddCommands(CLI::App& app, TParsedLine& line)
       AddCollections(command, name.fCommand, line);
       if (WritesPages(name.fCommand))
          AddOutputOptions(command, line);
+      if (WritesCollection(name.fCommand))
+         AddCollectionOutputOptions(command, line);
       if (name.fCommand == ECommand::kCompare)
          AddCompareOptions(command, line);
       if (name.fCommand == ECommand::kCatalogue)
          command.add_flag("--hypervisor", line.fOptions.fHypervisor,
                           "The definitions for a hypervisor host");
-      if (name.fCommand != ECommand::kCheck)
+      if (RunsLibrary(name.fCommand))
          AddRunOptions(command, line);
-      AddInputOptions(command, line);
+      if (!WritesCollection(name.fCommand))
+         AddInputOptions(command, line);
       AddMessageOptions(command, line);
       command.set_help_flag("-h,--help", "Print this help")->group("Messages");
    }
@@ -297,6 +333,20 @@ std::vector<TFormatChoice> ReadFormats(const std::vector<std::string>& texts)
    return choices;
 }
 
+/// The form that --format names, else the one of the file's name.
+NZANQSX20::TCollectionForm ReadForm(const std::string& format, const std::string& output)
+{
+   NZANQSX20::TCollectionForm form;
+   if (!format.empty()) {
+      if (!NZANQSX20::FindCollectionForm('.' + format, form))
+         FailUsage(fmt::format("unknown format '{}'", format));
+   } else if (output != "-" && !NZANQSX20::FindCollectionForm(output, form)) {
+      FailUsage(
+         fmt::format("the name '{}' tells no format: {}", output, NZANQSX20::kCollectionEndings));
+   }
+   return form;
+}
+
 TOptions CheckOptions(const CLI::App& command, TParsedLine& line)
 {
    TOptions& options = line.fOptions;
@@ -316,6 +366,11 @@ TOptions CheckOptions(const CLI::App& command, TParsedLine& line)
       FailUsage("standard input can be read once only");
    if (WritesPages(options.fCommand) && options.fOutput.empty())
       FailUsage("--output DIR is missing");
+   if (WritesCollection(options.fCommand)) {
+      if (options.fOutput.empty())
+         FailUsage("--output FILE is missing");
+      options.fForm = ReadForm(line.fForm, options.fOutput);
+   }
    options.fFormats = ReadFormats(line.fFormats);
    if (options.fBaseDirectory.empty())
       options.fBaseDirectory = GetDataFolder();

@@ -6,6 +6,7 @@
 
 #include "Formats.h"
 #include "TCIMValue.h"
+#include "writers/CollectionForm.h"
 
 enum class ECommand
 {
@@ -13,7 +14,8 @@ enum class ECommand
    kCompare,
    kHypervisor,
    kCatalogue,
-   kCheck
+   kCheck,
+   kConvert
 };
 
 /// One --format: the format and the name behind its colon.
@@ -45,6 +47,8 @@ struct TOptions
 
    std::string fOutput;
    bool fForce = false;
+   /// convert: the form of the file that is written.
+   NZANQSX20::TCollectionForm fForm;
    std::vector<TFormatChoice> fFormats;
 
    std::optional<std::string> fMode;

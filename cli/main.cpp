@@ -10,6 +10,7 @@
 #include "CommandFailure.h"
 #include "CompareCommand.h"
 #include "Console.h"
+#include "ConvertCommand.h"
 #include "HypervisorCommand.h"
 #include "Options.h"
 #include "ReportCommand.h"
@@ -30,6 +31,8 @@ EExitCode RunCommand(const TOptions& options, TConsole& console)
          return RunCatalogueCommand(options, console);
       case ECommand::kCheck:
          return RunCheckCommand(options, console);
+      case ECommand::kConvert:
+         return RunConvertCommand(options, console);
    }
    return kExitUsage;
 }

@@ -8,6 +8,7 @@
 #include "common/EventLog.h"
 #include "common/PageNames.h"
 #include "common/ReportSink.h"
+#include "html/ComparedPage.h"
 #include "html/HtmlBody.h"
 #include "html/HtmlOptions.h"
 
@@ -37,6 +38,7 @@ public:
    void EndTable() override;
 
 private:
+   TPageSink& GetPage();
    void WriteFile(const std::string& name, std::string_view content) const;
 
    const THtmlOptions fOptions;
@@ -48,7 +50,7 @@ private:
    std::vector<THtmlPage> fPages;
    std::unique_ptr<THtmlBody> fBody;
    /// Missing: empty unless it is a comparison.
-   std::optional<TDifferenceCounter> fCounter;
+   std::unique_ptr<TComparedPage> fCompared;
    /// Of the whole run. Missing: none in a comparison.
    std::optional<TEventLog> fEvents;
    /// The title that a table of the page would stand under.

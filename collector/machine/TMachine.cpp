@@ -90,6 +90,15 @@ TReading TMachine::ReadPart(const std::string& path, std::uint64_t offset, std::
    return reading;
 }
 
+std::optional<std::uint64_t> TMachine::GetFileSize(const std::string& path) const
+{
+   const TDescriptor place(Open(path, O_PATH | O_CLOEXEC));
+   struct stat status = {};
+   if (place.Get() < 0 || fstat(place.Get(), &status) != 0 || status.st_size < 0)
+      return std::nullopt;
+   return static_cast<std::uint64_t>(status.st_size);
+}
+
 std::optional<std::int64_t> TMachine::GetModifiedTime(const std::string& path) const
 {
    const TDescriptor place(Open(path, O_PATH | O_CLOEXEC));

@@ -80,6 +80,9 @@ public:
    /// Missing: empty when there is no such path.
    std::string Resolve(const std::string& path) const;
 
+   /// Units: bytes. Missing: nothing when there is no such path.
+   std::optional<std::uint64_t> GetFileSize(const std::string& path) const;
+
    /// Units: seconds since 1970. Missing: nothing when there is no such path.
    std::optional<std::int64_t> GetModifiedTime(const std::string& path) const;
 

@@ -66,7 +66,7 @@ TDMITable::TDMITable(const TMachine& machine, TCollected& collected, const TNeed
    const TReading reading = machine.RunTool("dmidecode", {});
    if (!collected.Has(reading, need))
       return;
-   // The fields stand behind a tab; those behind two are lists, which nobody asks for.
+   // The fields stand behind a tab; those behind two are lists.
    const std::string_view text = reading.fText;
    for (std::size_t at = 0; at < text.size(); ++at) {
       const bool isTab = text[at] == '\t' && (at == 0 || text[at - 1] == '\n');
@@ -77,6 +77,8 @@ TDMITable::TDMITable(const TMachine& machine, TCollected& collected, const TNeed
       if (StartsWith(block, "Handle ")) {
          TDMIRecord record = ReadRecord(block);
          record.fFields = TKeyValues(block);
+         for (const std::string_view line : SplitLines(block))
+            record.fLines.push_back(Trim(line));
          fRecords.push_back(record);
       }
 }

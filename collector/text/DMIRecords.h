@@ -21,6 +21,8 @@ struct TDMIRecord
    /// "0x0040"
    std::string_view fHandle;
    TKeyValues fFields;
+   /// All of its lines, those of its lists among them, without the tabs.
+   std::vector<std::string_view> fLines = {};
 
    /// Missing: empty for a value that stands for none, such as "Not Specified".
    std::string_view Get(std::string_view field) const;

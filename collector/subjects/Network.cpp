@@ -1,0 +1,355 @@
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "TCollected.h"
+#include "machine/TMachine.h"
+#include "subjects/Routes.h"
+#include "subjects/Subjects.h"
+#include "subjects/Teams.h"
+#include "text/Json.h"
+#include "text/Text.h"
+
+namespace NZANQSX20 {
+
+namespace {
+
+const TNeed kInterfaces = {"Network interfaces",
+                           {"ZANSG_PhysicalNetworkPort", "ZANSG_VirtualNetworkPort"}};
+const TNeed kAddresses = {"Network addresses", {"ZANSG_IPProtocolEndpoint"}};
+
+constexpr const char* kFolder = "/sys/class/net/";
+constexpr const char* kNoAddress = "00:00:00:00:00:00";
+
+// ARPHRD_ of the kernel, and the link technology that it is.
+constexpr std::uint64_t kEthernet = 1;
+constexpr std::uint64_t kInfiniband = 32;
+constexpr std::uint64_t kTechnologyEthernet = 2;
+constexpr std::uint64_t kTechnologyInfiniband = 6;
+constexpr std::uint64_t kTechnologyWireless = 11;
+
+enum EPortState : std::uint64_t
+{
+   kEnabled = 2,
+   kDisabled = 3,
+   kOffline = 6
+};
+
+/// What holds for all interfaces.
+struct TNetwork
+{
+   /// What the tool tells of each interface, by name.
+   std::map<std::string, const rapidjson::Value*> fInterfaces;
+   TGateways fGateways;
+   std::vector<std::string> fNameServers;
+};
+
+const rapidjson::Value& FindInterface(const TNetwork& network, const std::string& name)
+{
+   static const rapidjson::Value none;
+   const auto at = network.fInterfaces.find(name);
+   return at == network.fInterfaces.end() ? none : *at->second;
+}
+
+/// The values of the lines "keyword value...".
+std::vector<std::string> ReadValues(const std::string& text, std::string_view keyword)
+{
+   std::vector<std::string> values;
+   for (const std::string_view line : SplitLines(text)) {
+      const std::vector<std::string_view> words = SplitWords(line);
+      if (words.size() > 1 && words[0] == keyword)
+         values.emplace_back(words[1]);
+   }
+   return values;
+}
+
+/// The servers behind the local resolver, where there is one.
+std::vector<std::string> ReadNameServers(const TMachine& machine)
+{
+   for (const char* path : {"/run/systemd/resolve/resolv.conf", "/etc/resolv.conf"})
+      if (const TReading reading = machine.Read(path))
+         if (std::vector<std::string> servers = ReadValues(reading.fText, "nameserver");
+             !servers.empty())
+            return servers;
+   return {};
+}
+
+std::string ReadDomain(const TMachine& machine)
+{
+   const std::string text = machine.Read("/etc/resolv.conf").fText;
+   for (const char* keyword : {"domain", "search"})
+      if (const std::vector<std::string> values = ReadValues(text, keyword);
+          !values.empty() && values[0] != ".")
+         return values[0];
+   return {};
+}
+
+std::optional<bool> ReadSwitch(const TMachine& machine, const std::string& path)
+{
+   const auto number = machine.ReadNumber(path);
+   return number ? std::optional<bool>(*number != 0) : std::nullopt;
+}
+
+void CollectSettings(const TMachine& machine, TCollected& collected)
+{
+   collected.Add("ZANSG_IPService")
+      .Set("Name", "ip")
+      .Set("HostName", machine.ReadLine("/proc/sys/kernel/hostname"))
+      .Set("DomainName", ReadDomain(machine))
+      .Set("ProxyEnabled", ReadSwitch(machine, "/proc/sys/net/ipv4/conf/all/proxy_arp"))
+      .Set("RoutingEnabled", ReadSwitch(machine, "/proc/sys/net/ipv4/ip_forward"));
+}
+
+std::string FormatMask(std::uint64_t length)
+{
+   constexpr std::uint64_t kBits = 32;
+   if (length > kBits)
+      return {};
+   const std::uint64_t mask = (std::uint64_t{0xFFFFFFFF} << (kBits - length)) & 0xFFFFFFFF;
+   std::string text;
+   for (int shift = 24; shift >= 0; shift -= 8)
+      text += (text.empty() ? "" : ".") + std::to_string(mask >> shift & 0xFF);
+   return text;
+}
+
+void AddEndpoint(TCollected& collected, const TEntry& port, const std::string& name,
+                 const rapidjson::Value& interface)
+{
+   std::vector<std::string> ipv4;
+   std::vector<std::string> masks;
+   std::vector<std::string> ipv6;
+   for (const rapidjson::Value& address : GetElements(GetMember(interface, "addr_info"))) {
+      const std::string text = GetText(address, "local");
+      const auto length = GetNumber(address, "prefixlen");
+      if (text.empty() || !length)
+         continue;
+      if (GetText(address, "family") == "inet") {
+         ipv4.push_back(text);
+         masks.push_back(FormatMask(*length));
+      } else {
+         ipv6.push_back(text + '/' + std::to_string(*length));
+      }
+   }
+   if (ipv4.empty() && ipv6.empty())
+      return;
+   TEntry endpoint = collected.Add("ZANSG_IPProtocolEndpoint");
+   endpoint.Set("Name", name)
+      .Set("IPv4Address", ipv4)
+      .Set("SubnetMask", masks)
+      .Set("IPv6Address", ipv6);
+   collected.Associate("ZANSG_PortImplementsEndpoint", port, endpoint);
+}
+
+void AddStatistics(const TMachine& machine, TCollected& collected, const TEntry& port,
+                   const std::string& name)
+{
+   struct TCounter
+   {
+      const char* fProperty;
+      const char* fFile;
+   };
+
+   constexpr TCounter kCounters[] = {{"RXPackets", "rx_packets"},
+                                     {"RXErrors", "rx_errors"},
+                                     {"RXDropErrors", "rx_dropped"},
+                                     {"RXOverrunErrors", "rx_over_errors"},
+                                     {"RXFrameErrors", "rx_frame_errors"},
+                                     {"TXPackets", "tx_packets"},
+                                     {"TXErrors", "tx_errors"},
+                                     {"TXDropErrors", "tx_dropped"},
+                                     {"TXOverrunErrors", "tx_fifo_errors"},
+                                     {"TXCarrierErrors", "tx_carrier_errors"},
+                                     {"Collisions", "collisions"},
+                                     {"RXBytes", "rx_bytes"},
+                                     {"TXBytes", "tx_bytes"}};
+   const std::string folder = kFolder + name + "/statistics/";
+   TEntry statistics = collected.Add("ZANSG_NetworkStatisticalData");
+   statistics.Set("InstanceID", name);
+   for (const TCounter& counter : kCounters)
+      statistics.Set(counter.fProperty, machine.ReadNumber(folder + counter.fFile));
+   collected.Associate("ZANSG_NetworkPortStatistics", port, statistics);
+}
+
+std::optional<std::uint64_t> ReadTechnology(const TMachine& machine, const std::string& folder)
+{
+   const auto type = machine.ReadNumber(folder + "/type");
+   if (type == kInfiniband)
+      return kTechnologyInfiniband;
+   if (type != kEthernet)
+      return std::nullopt;
+   return machine.Exists(folder + "/wireless") ? kTechnologyWireless : kTechnologyEthernet;
+}
+
+std::optional<std::uint64_t> ReadState(const TMachine& machine, const std::string& folder)
+{
+   constexpr std::uint64_t kUp = 0x1;
+   const auto flags = machine.ReadNumber(folder + "/flags");
+   if (!flags)
+      return std::nullopt;
+   if ((*flags & kUp) == 0)
+      return kDisabled;
+   // An interface that is down has no carrier to be read.
+   return machine.ReadLine(folder + "/carrier") == "0" ? kOffline : kEnabled;
+}
+
+/// "1 Gb Full". Units: the speed in megabits a second.
+std::string FormatSpeed(std::optional<std::uint64_t> speed, std::string duplex)
+{
+   constexpr std::uint64_t kThousand = 1000;
+   if (!speed)
+      return {};
+   const bool isWhole = *speed >= kThousand && *speed % kThousand == 0;
+   std::string text =
+      isWhole ? std::to_string(*speed / kThousand) + " Gb" : std::to_string(*speed) + " Mb";
+   if (duplex == "full")
+      text += " Full";
+   else if (duplex == "half")
+      text += " Half";
+   return text;
+}
+
+std::string ReadDriver(const TMachine& machine, const std::string& folder)
+{
+   const std::string driver = machine.ReadLinkName(folder + "/device/driver");
+   if (driver.empty())
+      return {};
+   const std::string module = machine.ReadLinkName(folder + "/device/driver/module");
+   const std::string version = machine.ReadLine("/sys/module/" + module + "/version");
+   return version.empty() ? driver : driver + ' ' + version;
+}
+
+/// The server that gave the interface its address, from the files of the usual clients.
+std::string ReadDHCPServer(const TMachine& machine, const std::string& name)
+{
+   constexpr std::string_view kServer = "SERVER_ADDRESS=";
+   const std::string index = machine.ReadLine(kFolder + name + "/ifindex");
+   const TReading lease = machine.Read("/run/systemd/netif/leases/" + index);
+   for (const std::string_view line : SplitLines(lease.fText))
+      if (StartsWith(line, kServer))
+         return std::string(line.substr(kServer.size()));
+   std::string server;
+   const TReading leases = machine.Read("/var/lib/dhcp/dhclient." + name + ".leases");
+   for (const std::string_view line : SplitLines(leases.fText)) {
+      // The last lease counts.
+      const std::vector<std::string_view> words = SplitWords(line);
+      if (words.size() == 3 && words[1] == "dhcp-server-identifier")
+         server = words[2].substr(0, words[2].find(';'));
+   }
+   return server;
+}
+
+void SetDHCP(const TMachine& machine, TEntry& port, const std::string& name,
+             const rapidjson::Value& interface)
+{
+   bool hasAddress = false;
+   bool isDynamic = false;
+   for (const rapidjson::Value& address : GetElements(GetMember(interface, "addr_info")))
+      if (GetText(address, "family") == "inet") {
+         hasAddress = true;
+         isDynamic = isDynamic || GetBoolean(address, "dynamic").value_or(false);
+      }
+   if (!hasAddress)
+      return;
+   const std::string server = ReadDHCPServer(machine, name);
+   port.Set("DhcpEnabled", isDynamic || !server.empty()).Set("DhcpServer", server);
+}
+
+/// Plain words for what the interface is. Missing: empty for a physical one.
+std::string DescribeKind(const TMachine& machine, const std::string& folder,
+                         const rapidjson::Value& interface)
+{
+   constexpr std::uint64_t kLoopback = 772;
+   if (machine.ReadNumber(folder + "/type") == kLoopback)
+      return "Loopback";
+   if (machine.Exists(folder + "/bonding"))
+      return "Bond";
+   if (machine.Exists(folder + "/bridge"))
+      return "Bridge";
+   const std::string kind = GetText(GetMember(interface, "linkinfo"), "info_kind");
+   return kind == "vlan" ? "VLAN" : kind;
+}
+
+void SetAddress(const TMachine& machine, TEntry& port, const std::string& folder,
+                const rapidjson::Value& interface)
+{
+   const std::string address = machine.ReadLine(folder + "/address");
+   if (address.empty() || address == kNoAddress)
+      return;
+   // Told only where it differs: a bond gives its members the address of one of them.
+   const std::string permanent = GetText(interface, "permaddr");
+   port.Set("PermanentAddress", permanent.empty() ? address : permanent)
+      .Set("NetworkAddresses", std::vector<std::string>{address});
+}
+
+TEntry AddPort(const TMachine& machine, TCollected& collected, const TNetwork& network,
+               const std::string& name, bool isPhysical)
+{
+   constexpr std::uint64_t kMegabit = 1'000'000;
+   const std::string folder = kFolder + name;
+   const rapidjson::Value& interface = FindInterface(network, name);
+   const auto speed = machine.ReadNumber(folder + "/speed");
+   const std::string alias = machine.ReadLine(folder + "/ifalias");
+   TEntry port =
+      collected.Add(isPhysical ? "ZANSG_PhysicalNetworkPort" : "ZANSG_VirtualNetworkPort");
+   port.Set("DeviceID", name)
+      .Set("Name", name)
+      .Set("Description", alias.empty() ? DescribeKind(machine, folder, interface) : alias)
+      .Set("LinkTechnology", ReadTechnology(machine, folder))
+      .Set("Speed", speed ? std::optional<std::uint64_t>(*speed * kMegabit) : std::nullopt)
+      .Set("speedDuplex", FormatSpeed(speed, machine.ReadLine(folder + "/duplex")))
+      .Set("ActiveMaximumTransmissionUnit", machine.ReadNumber(folder + "/mtu"))
+      .Set("EnabledState", ReadState(machine, folder))
+      .Set("DriverLoaded", ReadDriver(machine, folder));
+   SetAddress(machine, port, folder, interface);
+   SetDHCP(machine, port, name, interface);
+   if (const auto gateways = network.fGateways.find(name); gateways != network.fGateways.end())
+      // The servers are the machine's; they stand with the ways that lead to them.
+      port.Set("GatewayList", gateways->second).Set("DnsServers", network.fNameServers);
+   AddEndpoint(collected, port, name, interface);
+   return port;
+}
+
+void AddInterface(const TMachine& machine, TCollected& collected, const TNetwork& network,
+                  const std::string& name)
+{
+   const bool isPhysical = machine.Exists(kFolder + name + "/device");
+   TEntry port = AddPort(machine, collected, network, name, isPhysical);
+   if (isPhysical) {
+      AddStatistics(machine, collected, port, name);
+      SetTeam(machine, port, name);
+      return;
+   }
+   const rapidjson::Value& link = GetMember(FindInterface(network, name), "linkinfo");
+   if (GetText(link, "info_kind") == "vlan")
+      port.Set("VLANID", GetNumber(GetMember(link, "info_data"), "id"));
+   AddTeam(machine, collected, port, name);
+}
+
+}  // namespace
+
+void CollectNetwork(const TMachine& machine, TCollected& collected)
+{
+   CollectSettings(machine, collected);
+   TNetwork network;
+   network.fGateways = CollectRoutes(machine, collected);
+   network.fNameServers = ReadNameServers(machine);
+
+   const TReading reading = machine.RunTool("ip", {"-j", "-d", "addr", "show"});
+   const rapidjson::Document addresses = ParseJson(reading.fText);
+   if (collected.Has(reading, kAddresses))
+      for (const rapidjson::Value& interface : GetElements(addresses))
+         network.fInterfaces.emplace(GetText(interface, "ifname"), &interface);
+
+   const std::vector<std::string> names = machine.List(kFolder);
+   if (names.empty())
+      collected.AddGap(kInterfaces, kFolder, EReason::kNotPresent);
+   for (const std::string& name : names)
+      // Other names in the folder belong to the bonding driver.
+      if (machine.Exists(kFolder + name + "/ifindex"))
+         AddInterface(machine, collected, network, name);
+}
+
+}  // namespace NZANQSX20

@@ -20,6 +20,18 @@ const std::vector<TSubject>& GetSubjects()
       {"Memory", CollectMemory},
       {"Video", CollectVideo},
       // Devices
+      {"Network", CollectNetwork},
+      {"PCI bus", CollectPCI},
+      {"USB bus", CollectUSB},
+      {"Disks", CollectDisks},
+      {"SCSI and ATA devices", CollectBusDevices},
+      {"Optical drives", CollectOpticalDrives},
+      {"File systems", CollectVolumes},
+      {"Drive health", CollectDriveHealth},
+      {"Sensors", CollectSensors},
+      {"Power supplies", CollectPowerSupplies},
+      {"Service processor", CollectServiceProcessor},
+      {"Logs", CollectLogs},
       // Firmware refers to devices.
       {"Firmware", CollectFirmware},
    };

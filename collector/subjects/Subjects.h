@@ -35,6 +35,18 @@ void CollectMemory(const TMachine& machine, TCollected& collected);
 void CollectVideo(const TMachine& machine, TCollected& collected);
 
 // Devices
+void CollectNetwork(const TMachine& machine, TCollected& collected);
+void CollectPCI(const TMachine& machine, TCollected& collected);
+void CollectUSB(const TMachine& machine, TCollected& collected);
+void CollectDisks(const TMachine& machine, TCollected& collected);
+void CollectBusDevices(const TMachine& machine, TCollected& collected);
+void CollectOpticalDrives(const TMachine& machine, TCollected& collected);
+void CollectVolumes(const TMachine& machine, TCollected& collected);
+void CollectDriveHealth(const TMachine& machine, TCollected& collected);
+void CollectSensors(const TMachine& machine, TCollected& collected);
+void CollectPowerSupplies(const TMachine& machine, TCollected& collected);
+void CollectServiceProcessor(const TMachine& machine, TCollected& collected);
+void CollectLogs(const TMachine& machine, TCollected& collected);
 
 // Firmware comes last: it refers to devices.
 void CollectFirmware(const TMachine& machine, TCollected& collected);

@@ -16,7 +16,7 @@ void THtmlReport::BeginRun(const std::string& outputDirectory, const TRunFacts& 
    for (const char* name : {"index", "timeline", "corrections", "rules"})
       fNames.Reserve(name);
    fPages.clear();
-   fCompared.reset();
+   fCounter.reset();
    fBody.reset();
    fSpool.emplace(TOutputFile::MakeTemporary(outputDirectory));
    fEvents.reset();
@@ -33,14 +33,14 @@ void THtmlReport::BeginPage(const std::string& linkName)
    fTableTitle.clear();
    fBody = std::make_unique<THtmlBody>(*fSpool, fPages.back(), fSystems);
    if (!fSystems.IsEmpty())
-      fCompared = std::make_unique<TComparedPage>(*fBody, fPages.back(), fSystems);
+      fCounter.emplace(fSystems, fPages.back().fDifferences);
 }
 
 void THtmlReport::EndPage()
 {
-   if (fCompared)
-      fCompared->Finish();
-   fCompared.reset();
+   if (fCounter)
+      fCounter->Finish();
+   fCounter.reset();
    fBody->Finish();
    fBody.reset();
 }
@@ -75,13 +75,6 @@ void THtmlReport::EndRun(const TReportIndex& index)
    fSpool.reset();
 }
 
-TPageSink& THtmlReport::GetPage()
-{
-   if (fCompared)
-      return *fCompared;
-   return *fBody;
-}
-
 void THtmlReport::WriteFile(const std::string& name, std::string_view content) const
 {
    TOutputFile file(fOutputDirectory + "/" + name);
@@ -92,40 +85,48 @@ void THtmlReport::WriteFile(const std::string& name, std::string_view content) c
 void THtmlReport::WriteReportTitle(const std::string& title, const std::string& linkText,
                                    const std::string& linkTarget)
 {
-   GetPage().WriteReportTitle(title, linkText, linkTarget);
+   fBody->WriteReportTitle(title, linkText, linkTarget);
 }
 
 void THtmlReport::WriteTableTitle(const TTableTitle& title)
 {
+   if (fCounter)
+      fCounter->OnTitle(title);
    if (!title.fIsSubTitle)
       fTableTitle = title.fText;
-   GetPage().WriteTableTitle(title);
+   fBody->WriteTableTitle(title);
 }
 
 void THtmlReport::WriteNote(const std::string& text)
 {
-   GetPage().WriteNote(text);
+   fBody->WriteNote(text);
 }
 
 void THtmlReport::BeginTable(const TTableShape& shape)
 {
+   if (fCounter)
+      fCounter->OnTable(shape);
    fIsLogOpen = fEvents && shape.fLog;
    if (fIsLogOpen)
       fEvents->BeginTable(fPages.size() - 1, fTableTitle, *shape.fLog);
-   GetPage().BeginTable(shape);
+   fBody->BeginTable(shape);
 }
 
 void THtmlReport::WriteRows(const TTableRows& rows)
 {
+   if (fCounter)
+      fCounter->OnRows(rows);
    if (fIsLogOpen)
       fEvents->AddRows(rows);
-   GetPage().WriteRows(rows);
+   fBody->WriteRows(rows);
 }
 
 void THtmlReport::EndTable()
 {
-   GetPage().EndTable();
+   fBody->EndTable();
    if (fIsLogOpen)
       fEvents->EndTable(fPages.back().fTableCount, fPages.back().fFiles.size() - 1);
    fIsLogOpen = false;
+   if (fCounter)
+      fCounter->OnTableEnd(fPages.back().fFiles.size() - 1, fPages.back().fTableCount);
 }

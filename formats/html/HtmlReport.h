@@ -8,7 +8,6 @@
 #include "common/EventLog.h"
 #include "common/PageNames.h"
 #include "common/ReportSink.h"
-#include "html/ComparedPage.h"
 #include "html/HtmlBody.h"
 #include "html/HtmlOptions.h"
 
@@ -38,7 +37,6 @@ public:
    void EndTable() override;
 
 private:
-   TPageSink& GetPage();
    void WriteFile(const std::string& name, std::string_view content) const;
 
    const THtmlOptions fOptions;
@@ -50,7 +48,7 @@ private:
    std::vector<THtmlPage> fPages;
    std::unique_ptr<THtmlBody> fBody;
    /// Missing: empty unless it is a comparison.
-   std::unique_ptr<TComparedPage> fCompared;
+   std::optional<TDifferenceCounter> fCounter;
    /// Of the whole run. Missing: none in a comparison.
    std::optional<TEventLog> fEvents;
    /// The title that a table of the page would stand under.

@@ -32,12 +32,8 @@ public:
    /// Missing: empty where a part is no label.
    std::vector<std::size_t> FindList(std::string_view labels) const;
 
-   /// More systems than these are told by their letters alone.
-   static constexpr std::size_t kMostLabels = 8;
-
-   /// Writes letter and label; among many systems, the label is only read aloud.
+   /// Writes letter and label.
    void Write(THtmlSink& out, std::size_t system) const;
-   void WriteWithLabel(THtmlSink& out, std::size_t system) const;
 
 private:
    std::vector<std::string> fLabels;

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include "Console.h"
+#include "Gaps.h"
 #include "Input.h"
 #include "Options.h"
 #include "store/TMemoryStore.h"
@@ -126,6 +127,7 @@ EExitCode RunCheckCommand(const TOptions& options, TConsole& console)
    PrintClasses(store);
    PrintList("Warnings", collection.fWarnings);
    PrintDangling(store);
+   PrintList("Not collected", DescribeGaps(collection.fStore));
    PrintList("Classes that reports expect, added without instances", added);
    return kExitDone;
 }

@@ -42,6 +42,8 @@ constexpr TCommandName kCommands[] = {
     "Read a collection and tell what it holds and what is wrong"},
    {ECommand::kConvert, "convert", "COLLECTION... -o FILE [options]",
     "Write a collection as one file, in the form that its name asks for"},
+   {ECommand::kCollect, "collect", "[-o FILE] [options]",
+    "Write this machine as a collection; nothing on it is changed"},
 };
 
 constexpr const char* kExitCodes =
@@ -242,6 +244,40 @@ void AddMessageOptions(CLI::App& command, TParsedLine& line)
    command.add_flag("--no-color", options.fNoColor, "No colour in messages")->group("Messages");
 }
 
+void AddCollectOptions(CLI::App& command, TParsedLine& line)
+{
+   AddCollectionOutputOptions(command, line);
+   command
+      .add_option(
+         "--root", line.fOptions.fRoot,
+         "Collect the machine whose files are below this folder; no tool is run, what they "
+         "printed is read from its folder qsxreport-tools")
+      ->type_name("DIR")
+      ->group("Input");
+   command.add_flag("-q,--quiet", line.fOptions.fQuiet, "Errors only")->group("Messages");
+   command.add_flag("--no-color", line.fOptions.fNoColor, "No colour in messages")
+      ->group("Messages");
+}
+
+void AddReadingOptions(CLI::App& command, ECommand name, TParsedLine& line)
+{
+   AddCollections(command, name, line);
+   if (WritesPages(name))
+      AddOutputOptions(command, line);
+   if (WritesCollection(name))
+      AddCollectionOutputOptions(command, line);
+   if (name == ECommand::kCompare)
+      AddCompareOptions(command, line);
+   if (name == ECommand::kCatalogue)
+      command.add_flag("--hypervisor", line.fOptions.fHypervisor,
+                       "The definitions for a hypervisor host");
+   if (RunsLibrary(name))
+      AddRunOptions(command, line);
+   if (!WritesCollection(name))
+      AddInputOptions(command, line);
+   AddMessageOptions(command, line);
+}
+
 void AddCommands(CLI::App& app, TParsedLine& line)
 {
    for (const TCommandName& name : kCommands) {
@@ -250,21 +286,10 @@ void AddCommands(CLI::App& app, TParsedLine& line)
       // Looked at below, with a suggestion and ahead of what the typing error makes missing.
       command.allow_extras();
       command.footer(kExitCodes);
-      AddCollections(command, name.fCommand, line);
-      if (WritesPages(name.fCommand))
-         AddOutputOptions(command, line);
-      if (WritesCollection(name.fCommand))
-         AddCollectionOutputOptions(command, line);
-      if (name.fCommand == ECommand::kCompare)
-         AddCompareOptions(command, line);
-      if (name.fCommand == ECommand::kCatalogue)
-         command.add_flag("--hypervisor", line.fOptions.fHypervisor,
-                          "The definitions for a hypervisor host");
-      if (RunsLibrary(name.fCommand))
-         AddRunOptions(command, line);
-      if (!WritesCollection(name.fCommand))
-         AddInputOptions(command, line);
-      AddMessageOptions(command, line);
+      if (name.fCommand == ECommand::kCollect)
+         AddCollectOptions(command, line);
+      else
+         AddReadingOptions(command, name.fCommand, line);
       command.set_help_flag("-h,--help", "Print this help")->group("Messages");
    }
 }
@@ -356,6 +381,10 @@ TOptions CheckOptions(const CLI::App& command, TParsedLine& line)
    CheckExtras(command);
    if (options.fListIgnored)
       return options;
+   if (options.fCommand == ECommand::kCollect) {
+      options.fForm = ReadForm(line.fForm, options.fOutput.empty() ? "-" : options.fOutput);
+      return options;
+   }
    if (options.fCollections.empty())
       FailUsage("no COLLECTION to read");
    if (options.fCommand == ECommand::kCompare && options.fCollections.size() < 2)

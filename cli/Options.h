@@ -15,7 +15,8 @@ enum class ECommand
    kHypervisor,
    kCatalogue,
    kCheck,
-   kConvert
+   kConvert,
+   kCollect
 };
 
 /// One --format: the format and the name behind its colon.
@@ -45,9 +46,14 @@ struct TOptions
    /// catalogue: the definitions of the hypervisor's variant.
    bool fHypervisor = false;
 
+   /// collect: the root of the machine's files.
+   std::string fRoot = "/";
+
+   /// A folder; of a command that writes a collection, a file.
+   /// Missing: empty for collect, which then makes a name.
    std::string fOutput;
    bool fForce = false;
-   /// convert: the form of the file that is written.
+   /// convert, collect: the form of the file that is written.
    NZANQSX20::TCollectionForm fForm;
    std::vector<TFormatChoice> fFormats;
 

@@ -7,6 +7,7 @@
 
 #include "CatalogueCommand.h"
 #include "CheckCommand.h"
+#include "CollectCommand.h"
 #include "CommandFailure.h"
 #include "CompareCommand.h"
 #include "Console.h"
@@ -33,6 +34,8 @@ EExitCode RunCommand(const TOptions& options, TConsole& console)
          return RunCheckCommand(options, console);
       case ECommand::kConvert:
          return RunConvertCommand(options, console);
+      case ECommand::kCollect:
+         return RunCollectCommand(options, console);
    }
    return kExitUsage;
 }

@@ -1,6 +1,6 @@
 # The front door: make report, make test. Everything else stands in CONTRIBUTING.md.
 
-COLLECTION ?= examples/debian-host
+EXAMPLE := examples/debian-host
 BASE ?= examples/compare/one-server-two-times/before.mof
 OTHER ?= examples/compare/one-server-two-times/after.mof
 
@@ -8,11 +8,12 @@ TOOL := build/release/bin/qsxreport
 # What stands in a folder of this tree is ours to replace; a folder of yours needs FORCE=--force.
 FORCE ?= $(if $(filter out/%,$(OUT)),--force)
 
-.PHONY: help report hypervisor compare build test sanitize setup format clean
+.PHONY: help report example hypervisor compare build test sanitize setup format clean
 
 help:
-	@echo "make report                          pages of the example machine"
+	@echo "make report                          pages of this machine"
 	@echo "make report COLLECTION=path OUT=dir  pages of your own collection"
+	@echo "make example                         pages of the example machine"
 	@echo "make hypervisor                      pages of the example hypervisor host"
 	@echo "make compare                         one server before and after a maintenance"
 	@echo "make compare BASE=path OTHER=path    your own collections; OTHER may be several"
@@ -20,10 +21,19 @@ help:
 	@echo "make test                            all tests"
 	@echo "make sanitize                        all tests under AddressSanitizer and UBSan"
 
+# Without COLLECTION: of this machine, which is collected anew.
 report: OUT ?= out/report
 report: build
-	@$(TOOL) report "$(COLLECTION)" -o "$(OUT)" $(FORCE)
+ifndef COLLECTION
+	@mkdir -p out
+	@$(TOOL) collect -o out/this-machine.mof --force
+endif
+	@$(TOOL) report "$(or $(COLLECTION),out/this-machine.mof)" -o "$(OUT)" $(FORCE)
 	@echo "Pages: file://$(abspath $(OUT))/index.html"
+
+example: build
+	@$(TOOL) report $(EXAMPLE) -o out/example --force
+	@echo "Pages: file://$(abspath out/example)/index.html"
 
 hypervisor: build
 	@$(TOOL) hypervisor examples/esxi-host -o out/hypervisor --force

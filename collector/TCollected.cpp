@@ -64,6 +64,16 @@ bool FitsSigned(TStoredValue::ECIMType type, std::int64_t number)
    return number <= greatest && number >= -greatest - 1;
 }
 
+/// A key that the machine left empty is an empty text: a path needs a value.
+void FillKeys(TMemoryStore& store, TStoredInstance& instance)
+{
+   const TStoredClass& storedClass = instance.GetClass();
+   for (const TSlot slot : storedClass.GetKeySlots())
+      if (instance.Find(slot) == nullptr &&
+          storedClass.FindProperty(slot)->GetDeclaration().fType == TType::kString)
+         store.Set(instance, slot, store.MakeString(""));
+}
+
 }  // namespace
 
 struct TCollected::TGap
@@ -283,6 +293,9 @@ boost::shared_ptr<TMemoryStore> TCollected::Finish()
          .Set("Detail", gap.fDetail)
          .Set("Classes", gap.fClasses);
    fGaps.clear();
+   for (const TStoredClass* storedClass : fStore->GetSchema().GetClasses())
+      for (TStoredInstance* instance : storedClass->GetInstances())
+         FillKeys(*fStore, *instance);
    return fStore;
 }
 

@@ -47,8 +47,8 @@ TMachine::TMachine(const std::string& root) : fRoot(ResolveRoot(root))
    // A kernel before 5.6 can't keep links inside.
    const TDescriptor probe(Open("/", O_PATH | O_DIRECTORY | O_CLOEXEC));
    if (probe.Get() < 0)
-      throw std::system_error(errno, std::generic_category(),
-                              root + ": links can't be kept inside");
+      throw std::system_error(errno, std::generic_category(), root);
+   fTimeRule = FindTimeRule(Read("/etc/localtime").fText);
 }
 
 TMachine::~TMachine()

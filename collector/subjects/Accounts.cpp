@@ -39,7 +39,8 @@ void CollectAccounts(const TMachine& machine, TCollected& collected)
    for (const std::string_view line : SplitLines(reading.fText)) {
       // "root:x:0:0:root:/root:/bin/bash"
       const auto fields = Split(line, ':');
-      if (fields.size() < 5 || collected.Find("ZANSG_Account.Name=\"" + ToUtf8(fields[0]) + '"'))
+      if (fields.size() < 5 || fields[0].empty() ||
+          collected.Find("ZANSG_Account.Name=\"" + ToUtf8(fields[0]) + '"'))
          continue;
       TEntry account = collected.Add("ZANSG_Account");
       account.Set("Name", fields[0]).Set("UserID", fields[2]).Set("Descriptions", fields[4]);

@@ -108,7 +108,8 @@ void CollectOperatingSystem(const TMachine& machine, TCollected& collected)
 {
    const TMachineClock clock = ReadClock(machine);
    TEntry system = collected.GetSingle("ZANSG_OperatingSystem");
-   system.Set("OSType", kLinux);
+   // The name by which it goes where no file tells a distribution's.
+   system.Set("Name", "Linux").Set("OSType", kLinux);
    SetRelease(machine, collected, system);
    SetKernel(machine, system);
    if (clock.fBoot)

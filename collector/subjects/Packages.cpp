@@ -8,7 +8,7 @@ namespace NZANQSX20 {
 
 namespace {
 
-const TNeed kPackages = {"Installed packages", {"ZANSG_InstalledRPM"}};
+const TNeed kPackages = {"Packages", {"ZANSG_InstalledRPM"}};
 
 constexpr const char* kStatusFile = "/var/lib/dpkg/status";
 constexpr std::size_t kStatusCap = std::size_t{64} << 20;

@@ -24,7 +24,7 @@ TEST(TCollected, LeavesUnsetWhatIsUnknownOrDoesNotFit)
    collected.Add("ZANSG_ComputerSystem").Set("Name", std::string("a\xffz\x01"));
    const auto store = collected.Finish();
    EXPECT_EQ(store->GetPath(*store->GetSchema().Find("QSX_NotCollected")->GetInstances()[0]),
-             "QSX_NotCollected.Source=NULL,Subject=NULL");
+             "QSX_NotCollected.Source=\"\",Subject=\"\"");
    EXPECT_EQ(store->GetPath(*store->GetSchema().Find("ZANSG_ComputerSystem")->GetInstances()[0]),
              "ZANSG_ComputerSystem.Name=\"a\\\\xFFz\\\\x01\"");
 }

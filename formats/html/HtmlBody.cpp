@@ -1,7 +1,8 @@
 #include "html/HtmlBody.h"
 
-THtmlBody::THtmlBody(TOutputFile& spool, THtmlPage& page, const THtmlSystems& systems)
-   : fOut(spool), fPage(page), fBody(spool, page), fSystems(systems)
+THtmlBody::THtmlBody(TOutputFile& spool, THtmlPage& page, TRowFiles& rowFiles,
+                     const THtmlSystems& systems)
+   : fOut(spool), fPage(page), fBody(spool, page), fRowFiles(rowFiles), fSystems(systems)
 {}
 
 void THtmlBody::WriteReportTitle(const std::string& title, const std::string& linkText,
@@ -88,14 +89,14 @@ void THtmlBody::OpenTable()
    OpenGroup();
    if (fWaiting && !fWaiting->fIsSubTitle)
       ListTitle("t" + std::to_string(fPage.fTableCount + 1));
-   fTable = std::make_unique<THtmlTable>(fOut, fBody, fPage, fShape, MakeHeading());
+   fTable = std::make_unique<THtmlTable>(fOut, fBody, fPage, fRowFiles, fShape, MakeHeading());
    fWaiting.reset();
    fHasContent = true;
 }
 
 void THtmlBody::BeginNextFileWhenFull()
 {
-   if (fBody.GetFileBytes() < THtmlTable::kBytesPerFile)
+   if (fBody.GetFileBytes() < THtmlTable::kBytesBeforeTable)
       return;
    CloseGroup();
    fBody.NextFile();

@@ -10,12 +10,12 @@
 ///
 /// Shape: a title stands above the table that follows it; one that no table follows says "No data".
 ///        A page that grows beyond one file goes on in the next one ahead of a title or a table.
-/// Owner: spool and page are the caller's. One object per page.
+/// Owner: everything is the caller's. One object per page.
 class THtmlBody final : public TPageSink
 {
 public:
    /// systems: empty unless it is a comparison.
-   THtmlBody(TOutputFile& spool, THtmlPage& page, const THtmlSystems& systems);
+   THtmlBody(TOutputFile& spool, THtmlPage& page, TRowFiles& rowFiles, const THtmlSystems& systems);
 
    void WriteReportTitle(const std::string& title, const std::string& linkText,
                          const std::string& linkTarget) override;
@@ -41,6 +41,7 @@ private:
    THtmlSink fOut;
    THtmlPage& fPage;
    TBodySpool fBody;
+   TRowFiles& fRowFiles;
    const THtmlSystems& fSystems;
    TTableShape fShape;
    /// Missing: empty until the table has a row.

@@ -186,22 +186,20 @@ void WriteCellLook(THtmlSink& out, const TCell& cell, EColumnLook look)
 
 void WriteValueCell(THtmlSink& out, const TCell& cell, EColumnLook look, bool isChanged)
 {
-   out << "<td"_html;
-   if (cell.fSame)
+   if (cell.fSame) {
       out << " class=\"same\">same"_html;
-   else {
-      if (isChanged)
-         out << (cell.fMonospaced ? " class=\"changed mono\""_html : " class=\"changed\""_html);
-      else if (cell.fMonospaced)
-         out << " class=\"mono\""_html;
-      else if (cell.fKind == ECellKind::kScore)
-         out << " class=\"score\""_html;
-      else
-         WriteCellLook(out, cell, look);
-      out << ">"_html;
-      WriteCellContent(out, cell);
+      return;
    }
-   out << "</td>"_html;
+   if (isChanged)
+      out << (cell.fMonospaced ? " class=\"changed mono\""_html : " class=\"changed\""_html);
+   else if (cell.fMonospaced)
+      out << " class=\"mono\""_html;
+   else if (cell.fKind == ECellKind::kScore)
+      out << " class=\"score\""_html;
+   else
+      WriteCellLook(out, cell, look);
+   out << ">"_html;
+   WriteCellContent(out, cell);
 }
 
 void WriteCellContent(THtmlSink& out, const TCell& cell)

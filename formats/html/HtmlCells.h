@@ -29,7 +29,8 @@ void WriteLook(THtmlSink& out, EColumnLook look);
 /// Writes the class attribute of a cell: that of its state where it stands out, else of its look.
 void WriteCellLook(THtmlSink& out, const TCell& cell, EColumnLook look);
 
-/// Writes a value cell. isChanged: it differs from the baseline of a comparison.
+/// Writes the class and the content of a value cell, from "<td" to "</td>", both of them the
+/// caller's. isChanged: it differs from the baseline of a comparison.
 void WriteValueCell(THtmlSink& out, const TCell& cell, EColumnLook look, bool isChanged);
 
 /// Writes what stands in a cell.

@@ -24,22 +24,19 @@ struct THtmlTableEntry
    std::uint64_t fRows = 0;
 };
 
-/// One file of a page. A page whose tables are too large for one file goes on in further ones.
+/// One file of a page. A page of too many tables for one file goes on in further ones.
 struct THtmlFile
 {
    std::vector<TSpan> fBody;
-   /// The first rows in the file, for the list of files. Missing: no title where the page begins a
-   /// file without a table.
+   /// The first table in the file, for the list of files. Missing: empty without a table.
    std::string fFirstTitle;
-   std::uint64_t fFirstRow = 0;
-   std::uint64_t fLastRow = 0;
-   /// Whether all rows in the file are of one table.
-   bool fIsOneTable = true;
 };
 
 /// What is kept of a page until the end of the run; its body lies in the spool.
 struct THtmlPage
 {
+   /// In the order of pages, from 0.
+   std::size_t fNumber = 0;
    std::string fLinkName;
    std::string fFileStem;
    std::string fTitle;

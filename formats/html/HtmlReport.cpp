@@ -4,6 +4,7 @@
 #include "html/HtmlFrontPage.h"
 #include "html/HtmlReportPage.h"
 #include "html/HtmlTimeline.h"
+#include "html/RowIndex.h"
 
 THtmlReport::THtmlReport(THtmlOptions options) : fOptions(std::move(options)) {}
 
@@ -22,16 +23,18 @@ void THtmlReport::BeginRun(const std::string& outputDirectory, const TRunFacts& 
    fEvents.reset();
    if (fSystems.IsEmpty())
       fEvents.emplace(outputDirectory);
+   fRowFiles.emplace(outputDirectory);
 }
 
 void THtmlReport::BeginPage(const std::string& linkName)
 {
    THtmlPage page;
+   page.fNumber = fPages.size();
    page.fLinkName = linkName;
    page.fFileStem = fNames.Assign(linkName);
    fPages.push_back(std::move(page));
    fTableTitle.clear();
-   fBody = std::make_unique<THtmlBody>(*fSpool, fPages.back(), fSystems);
+   fBody = std::make_unique<THtmlBody>(*fSpool, fPages.back(), *fRowFiles, fSystems);
    if (!fSystems.IsEmpty())
       fCounter.emplace(fSystems, fPages.back().fDifferences);
 }
@@ -56,6 +59,8 @@ void THtmlReport::EndRun(const TReportIndex& index)
       site.fOwnPages.push_back({kTimelineFile, kTimelineTitle, fEvents->GetCount()});
    for (std::size_t page = 0; page < fPages.size(); ++page)
       WriteReportPage(fOutputDirectory, site, page, places[page], *fSpool);
+   fRowFiles->Close();
+   WriteRowIndex(*fRowFiles, site, places);
 
    if (hasTimeline) {
       TOutputFile timeline(fOutputDirectory + "/" + kTimelineFile);

@@ -11,12 +11,12 @@
 #include "html/HtmlBody.h"
 #include "html/HtmlOptions.h"
 
-/// The report of a run as a folder of HTML pages: a front page, the files of each report, one
-/// style sheet and one script.
+/// The report of a run as a folder of HTML pages: a front page, the files of each report, the row
+/// files of their tables, one style sheet and one script.
 ///
 /// Shape: bodies go to a temporary file as they come; every page names all reports in its side bar,
-///        so the files are put together at the end of the run. Until then nothing stands in the
-///        folder, and memory holds some hundred bytes for each page and table.
+///        so the files are put together at the end of the run. Until then only row files stand in
+///        the folder, and memory holds some hundred bytes for each page and table.
 /// Throws: TOutputError.
 class THtmlReport final : public TReportSink
 {
@@ -45,6 +45,7 @@ private:
    THtmlSystems fSystems;
    TPageNames fNames;
    std::optional<TOutputFile> fSpool;
+   std::optional<TRowFiles> fRowFiles;
    std::vector<THtmlPage> fPages;
    std::unique_ptr<THtmlBody> fBody;
    /// Missing: empty unless it is a comparison.

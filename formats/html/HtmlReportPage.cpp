@@ -43,14 +43,7 @@ public:
 private:
    bool IsSplit() const { return fPage.fFiles.size() > 1; }
 
-   std::string GetTitle() const
-   {
-      if (!IsBlank(fPage.fTitle))
-         return fPage.fTitle;
-      if (fPlace.fEntry != nullptr)
-         return GetShownName(*fPlace.fEntry);
-      return IsBlank(fPage.fLinkName) ? fPage.fFileStem : fPage.fLinkName;
-   }
+   std::string GetTitle() const { return GetPageTitle(fPage, fPlace); }
 
    /// Whether the report asks for no title and its table has that title.
    bool IsTitleRepeated() const
@@ -167,11 +160,8 @@ private:
 
    void WriteFileName(const THtmlFile& file, std::size_t number)
    {
-      if (file.fFirstTitle.empty() || file.fFirstRow == 0)
+      if (file.fFirstTitle.empty())
          fOut << "Part "_html << TCount{number + 1};
-      else if (file.fFirstRow > 1 || file.fIsOneTable)
-         fOut << TText{file.fFirstTitle} << ", rows "_html << TCount{file.fFirstRow} << " to "_html
-              << TCount{file.fLastRow};
       else
          fOut << "From "_html << TText{file.fFirstTitle};
    }
@@ -212,6 +202,15 @@ private:
 };
 
 }  // namespace
+
+std::string GetPageTitle(const THtmlPage& page, const TReportIndex::TPlace& place)
+{
+   if (!IsBlank(page.fTitle))
+      return page.fTitle;
+   if (place.fEntry != nullptr)
+      return GetShownName(*place.fEntry);
+   return IsBlank(page.fLinkName) ? page.fFileStem : page.fLinkName;
+}
 
 void WriteReportPage(const std::string& outputDirectory, const THtmlSite& site, std::size_t page,
                      const TReportIndex::TPlace& place, TOutputFile& spool)

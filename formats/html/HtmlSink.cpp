@@ -3,23 +3,11 @@
 #include <array>
 #include <charconv>
 
-#include "common/Utf8.h"
+#include "common/SafeText.h"
 
 namespace {
 
-/// Which bytes reach the page as they are without a second look.
-constexpr std::array<bool, 256> MakePlainBytes()
-{
-   std::array<bool, 256> plain{};
-   for (std::size_t c = 0x20; c < 0x7F; ++c)
-      plain[c] = true;
-   for (const char c : {'&', '<', '>', '"', '\''})
-      plain[static_cast<unsigned char>(c)] = false;
-   plain['\t'] = plain['\n'] = true;
-   return plain;
-}
-
-constexpr std::array<bool, 256> kPlain = MakePlainBytes();
+constexpr TPlainBytes kPlain = MakePlainBytes("&<>\"'");
 
 constexpr std::string_view GetEscape(char c)
 {
@@ -61,52 +49,12 @@ struct TDigits
    std::size_t fCount;
 };
 
-std::string_view MakeView(const char* begin, const char* end)
-{
-   return {begin, static_cast<std::size_t>(end - begin)};
-}
-
 }  // namespace
 
 THtmlSink& THtmlSink::operator<<(TText text)
 {
-   const char* at = text.fText.data();
-   const char* const end = at + text.fText.size();
-   const char* runBegin = at;
-   while (at < end) {
-      if (kPlain[static_cast<unsigned char>(*at)]) {
-         ++at;
-         continue;
-      }
-      if (runBegin < at)
-         fFile.Write(MakeView(runBegin, at));
-      at = WriteSpecial(at, end);
-      runBegin = at;
-   }
-   if (runBegin < at)
-      fFile.Write(MakeView(runBegin, at));
+   WriteSafeText(fFile, text.fText, kPlain, GetEscape);
    return *this;
-}
-
-/// Writes the one character that starts there and gives the place behind it.
-const char* THtmlSink::WriteSpecial(const char* at, const char* end)
-{
-   const std::string_view escape = GetEscape(*at);
-   if (!escape.empty()) {
-      fFile.Write(escape);
-      return at + 1;
-   }
-   // A line end of two characters is one; a carriage return alone is a line end, too.
-   if (*at == '\r') {
-      if (at + 1 == end || at[1] != '\n')
-         fFile.Write("\n");
-      return at + 1;
-   }
-   const TCharacter character = DecodeUtf8(at, end);
-   const std::string_view safe =
-      character.fIsValid ? GetSafeForm(character.fCodePoint) : kReplacementCharacter;
-   fFile.Write(safe.empty() ? std::string_view(at, character.fLength) : safe);
-   return at + character.fLength;
 }
 
 THtmlSink& THtmlSink::operator<<(TFileUrl url)

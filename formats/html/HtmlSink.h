@@ -80,7 +80,5 @@ public:
    TOutputFile& GetFile() { return fFile; }
 
 private:
-   const char* WriteSpecial(const char* at, const char* end);
-
    TOutputFile& fFile;
 };

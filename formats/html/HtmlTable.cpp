@@ -7,6 +7,9 @@
 namespace {
 
 constexpr std::uint64_t kRowsWorthSkipping = 20;
+/// From so many on a table is filtered and copied.
+constexpr std::uint64_t kRowsWorthTools = 4;
+constexpr std::uint64_t kBytesOfKilobyte = 1000;
 /// Up to so many columns a table doesn't grow with the window, so that numbers stay near names.
 constexpr std::size_t kFewColumns = 3;
 // Units: characters. A table whose least width is above these scrolls in its own box, in a window
@@ -48,96 +51,113 @@ void FitWidths(std::vector<int>& widths, int sum)
 
 }  // namespace
 
-THtmlTable::THtmlTable(THtmlSink& out, TBodySpool& body, THtmlPage& page, const TTableShape& shape,
-                       THtmlHeading heading)
+THtmlTable::THtmlTable(THtmlSink& out, TBodySpool& body, THtmlPage& page, TRowFiles& rowFiles,
+                       const TTableShape& shape, THtmlHeading heading)
    : fOut(out),
      fBody(body),
      fPage(page),
+     fRowFiles(rowFiles),
      fShape(shape),
      fHeading(std::move(heading)),
-     fNumber(++page.fTableCount)
+     fNumber(++page.fTableCount),
+     fFile(body.GetFile()),
+     fText(shape.fLabels)
 {}
 
 void THtmlTable::WriteRows(const TTableRows& rows)
 {
+   if (!fIsBegun)
+      Begin(rows);
    for (std::size_t r = 0; r < rows.GetRowCount(); ++r) {
-      const bool isFull = fIsPartOpen && (fRow - fParts.back().fFirstRow + 1 >= kRowsPerFile ||
-                                          fBody.GetFileBytes() >= kBytesPerFile);
-      if (isFull) {
-         EndPart();
-         fOut << kGroupEnd;
-         fBody.NextFile();
-         fOut << kGroupBegin;
-      }
-      if (!fIsPartOpen)
-         BeginPart(rows, r);
-      WriteRow(rows, r);
+      ++fRow;
+      const bool isFull = fRow > kRowsInPage || (fRow > 1 && fBody.GetFileBytes() >= kBytesPerFile);
+      if (isFull && !IsLong())
+         fText.Open(fRowFiles.GetPath(GetTextName()));
+      if (!IsLong())
+         WriteRow(rows, r);
+      KeepRow(rows, r);
    }
 }
 
 void THtmlTable::End()
 {
-   if (fIsPartOpen)
-      EndPart();
-   for (const TPart& part : fParts) {
-      fBody.BeginFill();
-      WritePartHead(part);
-      fBody.EndFill(part.fFile, part.fHeadPlace);
-   }
+   if (!fIsBegun)
+      return;
+   fRowFiles.EndTable(fFile, fHeading.fName, fShape.fLabels);
+   WriteTail();
+   fBody.BeginFill();
+   WriteHead();
+   fBody.EndFill(fFile, fHeadPlace);
    fPage.fRows += GetInstanceCount();
+   THtmlFile& file = fPage.fFiles[fFile];
+   if (file.fFirstTitle.empty())
+      file.fFirstTitle = fHeading.fName;
 }
 
-void THtmlTable::BeginPart(const TTableRows& rows, std::size_t firstRow)
+void THtmlTable::Begin(const TTableRows& rows)
 {
-   TPart part;
-   part.fFile = fBody.GetFile();
-   part.fHeadPlace = fBody.Reserve();
-   part.fFirstRow = fRow + 1;
-   const std::size_t endRow = static_cast<std::size_t>(
-      std::min<std::uint64_t>(rows.GetRowCount(), firstRow + kRowsPerFile));
-   const std::size_t columns = std::max(fShape.fLabels.size(), rows.GetCellCount(firstRow));
+   fIsBegun = true;
+   fHeadPlace = fBody.Reserve();
+   fRowFiles.BeginTable(fPage.fNumber, fNumber);
+   const std::size_t endRow =
+      std::min<std::size_t>(rows.GetRowCount(), static_cast<std::size_t>(kRowsInPage));
+   const std::size_t columns = std::max(fShape.fLabels.size(), rows.GetCellCount(0));
    for (std::size_t c = 0; c < columns; ++c) {
-      part.fLooks.push_back(IsColumnTable() && !IsDifference()
-                               ? JudgeColumn(rows, firstRow, endRow, c)
-                               : EColumnLook::kText);
+      fLooks.push_back(IsColumnTable() && !IsDifference() ? JudgeColumn(rows, 0, endRow, c)
+                                                          : EColumnLook::kText);
       const bool hasLabel = c < fShape.fLabels.size();
       const std::string_view label = hasLabel ? std::string_view(fShape.fLabels[c]) : "";
-      part.fLeastWidth +=
-         kPadding + MeasureColumn(rows, firstRow, endRow, c, part.fLooks[c], label);
-   }
-   fParts.push_back(std::move(part));
-   fIsPartOpen = true;
-}
-
-void THtmlTable::EndPart()
-{
-   TPart& part = fParts.back();
-   part.fLastRow = fRow;
-   fOut << "</tbody>\n</table>\n</div>\n"_html;
-   if (fRow - part.fFirstRow >= kRowsWorthSkipping)
-      fOut << "<span class=\"end\" id=\"t"_html << TNumber{fNumber}
-           << "-end\" tabindex=\"-1\"></span>\n"_html;
-   fOut << "</section>\n"_html;
-   fIsPartOpen = false;
-
-   THtmlFile& file = fPage.fFiles[part.fFile];
-   const bool isFirst = file.fFirstRow == 0;
-   file.fIsOneTable = isFirst;
-   if (isFirst) {
-      file.fFirstTitle = fHeading.fName;
-      file.fFirstRow = part.fFirstRow;
-      file.fLastRow = part.fLastRow;
+      fLeastWidth += kPadding + MeasureColumn(rows, 0, endRow, c, fLooks[c], label);
    }
 }
 
 void THtmlTable::WriteRow(const TTableRows& rows, std::size_t row)
 {
-   ++fRow;
+   ++fRowsInPage;
    fOut << "<tr id=\"t"_html << TNumber{fNumber} << "-r"_html << TNumber{fRow} << "\">"_html;
    if (HasRowNumbers())
       WriteRowNumber();
    WriteCells(rows, row);
    fOut << "</tr>\n"_html;
+}
+
+/// For the row files and the text file.
+void THtmlTable::KeepRow(const TTableRows& rows, std::size_t row)
+{
+   const std::size_t cells = rows.GetCellCount(row);
+   for (std::size_t c = 0; c < cells; ++c) {
+      const TCell cell = ReadCell(rows, row, c);
+      fHasSecondTexts |= cell.fKind == ECellKind::kText && !cell.fSecondText.empty();
+      fRowFiles.AddCell(cell, {IsHeaderCell(cell, c), IsChangedCell(cell, c)});
+      fText.AddCell(cell);
+   }
+   fRowFiles.EndRow();
+   fText.EndRow();
+   if (fRow == 1)
+      fFirstRowFile = fRowFiles.GetFileNumber();
+}
+
+TCell THtmlTable::ReadCell(const TTableRows& rows, std::size_t row, std::size_t column) const
+{
+   TCell cell = rows.GetCell(row, column);
+   if (fShape.fDriveAttributes && column == fShape.fDriveAttributes->fName) {
+      const auto attribute = ReadDriveAttribute(rows, row, *fShape.fDriveAttributes);
+      if (attribute)
+         cell.fState = attribute->GetState();
+   }
+   return cell;
+}
+
+bool THtmlTable::IsHeaderCell(const TCell& cell, std::size_t column) const
+{
+   const bool isLabel = cell.fIsLabel || (IsColumnTable() && column == 0);
+   return isLabel && cell.fKind == ECellKind::kText && !cell.fMonospaced;
+}
+
+bool THtmlTable::IsChangedCell(const TCell& cell, std::size_t column) const
+{
+   return IsDifference() && column > 0 && fRow > 1 && !cell.fText.empty() &&
+          column < fBaseline.size() && cell.fText != fBaseline[column];
 }
 
 void THtmlTable::WriteRowNumber()
@@ -148,9 +168,7 @@ void THtmlTable::WriteRowNumber()
 
 void THtmlTable::WriteCells(const TTableRows& rows, std::size_t row)
 {
-   TPart& part = fParts.back();
    const std::size_t cells = rows.GetCellCount(row);
-   const bool isDifference = IsDifference();
    std::uint64_t values = 0;
    std::optional<TDriveAttribute> attribute;
    if (fShape.fDriveAttributes)
@@ -158,35 +176,38 @@ void THtmlTable::WriteCells(const TTableRows& rows, std::size_t row)
    if (attribute)
       fAttributes.Add(*attribute);
    for (std::size_t c = 0; c < cells; ++c) {
-      TCell cell = rows.GetCell(row, c);
-      if (attribute && c == fShape.fDriveAttributes->fName)
-         cell.fState = attribute->GetState();
-      const bool isRowLabel = cell.fIsLabel || (IsColumnTable() && c == 0);
-      const EColumnLook look = c < part.fLooks.size() ? part.fLooks[c] : EColumnLook::kText;
-      part.fHasSecondTexts |= cell.fKind == ECellKind::kText && !cell.fSecondText.empty();
-      if (isDifference && fRow == 1)
+      const TCell cell = ReadCell(rows, row, c);
+      if (IsDifference() && fRow == 1)
          fBaseline.emplace_back(cell.fText);
-      if (isRowLabel && cell.fKind == ECellKind::kText && !cell.fMonospaced) {
-         fOut << "<th scope=\"row\""_html;
-         WriteCellLook(fOut, cell, look);
-         fOut << ">"_html;
-         if (!isDifference || !WriteSystemLabel(cell))
-            WriteCellContent(fOut, cell);
-         fOut << "</th>"_html;
-         continue;
-      }
-      ++values;
-      if (attribute && c == fShape.fDriveAttributes->fValue) {
+      const bool isHeader = IsHeaderCell(cell, c);
+      values += isHeader ? 0 : 1;
+      if (!isHeader && attribute && c == fShape.fDriveAttributes->fValue)
          WriteAttributeCell(cell, *attribute);
-         continue;
-      }
-      const bool isChanged = isDifference && c > 0 && fRow > 1 && !cell.fText.empty() &&
-                             c < fBaseline.size() && cell.fText != fBaseline[c];
-      WriteValueCell(fOut, cell, look, isChanged);
+      else
+         WriteCell(cell, c, isHeader, IsChangedCell(cell, c));
    }
    for (std::size_t c = cells; c < fShape.fLabels.size(); ++c)
       fOut << "<td></td>"_html;
    fInstances = std::max(fInstances, values);
+}
+
+/// What tells a state has an address, for the findings that rest on it.
+void THtmlTable::WriteCell(const TCell& cell, std::size_t column, bool isHeader, bool isChanged)
+{
+   fOut << (isHeader ? "<th scope=\"row\""_html : "<td"_html);
+   if (cell.fState != EState::kNone)
+      fOut << " id=\"t"_html << TNumber{fNumber} << "-r"_html << TNumber{fRow} << "-c"_html
+           << TNumber{column + 1} << "\""_html;
+   if (!isHeader) {
+      WriteValueCell(fOut, cell, GetLook(column), isChanged);
+      fOut << "</td>"_html;
+      return;
+   }
+   WriteCellLook(fOut, cell, GetLook(column));
+   fOut << ">"_html;
+   if (!IsDifference() || !WriteSystemLabel(cell))
+      WriteCellContent(fOut, cell);
+   fOut << "</th>"_html;
 }
 
 void THtmlTable::WriteAttributeCell(const TCell& cell, const TDriveAttribute& attribute)
@@ -199,42 +220,49 @@ void THtmlTable::WriteAttributeCell(const TCell& cell, const TDriveAttribute& at
 }
 
 /// Everything from the section's begin to the first row.
-void THtmlTable::WritePartHead(const TPart& part)
+void THtmlTable::WriteHead()
+{
+   WriteSectionTag();
+   WriteHeading();
+   WriteAttributeFigure(fOut, fAttributes);
+   if (fRowsInPage > kRowsWorthSkipping)
+      fOut << "<a class=\"skip-rows\" href=\"#t"_html << TNumber{fNumber}
+           << "-end\">Skip the rows of "_html << TText{fHeading.fName} << "</a>\n"_html;
+   WriteTableTag();
+   WriteColumns();
+   if (!fShape.fLabels.empty())
+      WriteHeaderRow();
+   fOut << "<tbody>\n"_html;
+}
+
+void THtmlTable::WriteSectionTag()
 {
    fOut << "<section class=\"block"_html;
    if (fHeading.fIsSubTable)
       fOut << " sub"_html;
    if (fHeading.fTitle.empty())
       fOut << " next"_html;
-   if (IsColumnTable() && part.fLooks.size() <= kFewColumns)
+   if (IsColumnTable() && fLooks.size() <= kFewColumns)
       fOut << " few"_html;
    if (fShape.fWidth > 0) {
       fOut << " "_html;
       WriteWidthClass(fOut, fShape.fWidth);
    }
-   fOut << "\" id=\"t"_html << TNumber{fNumber} << "\">\n"_html;
-   WriteHeading(part);
-   if (part.fFirstRow == 1)
-      WriteAttributeFigure(fOut, fAttributes);
-
-   const std::uint64_t rowCount = part.fLastRow - part.fFirstRow + 1;
-   if (rowCount > kRowsWorthSkipping)
-      fOut << "<a class=\"skip-rows\" href=\"#t"_html << TNumber{fNumber}
-           << "-end\">Skip the rows of "_html << TText{fHeading.fName} << "</a>\n"_html;
-   WriteTableTag(part);
-   WriteColumns(part);
-   if (!fShape.fLabels.empty())
-      WriteHeaderRow(part);
-   fOut << "<tbody>\n"_html;
+   fOut << "\" id=\"t"_html << TNumber{fNumber} << "\""_html;
+   if (IsLong())
+      fOut << " data-page=\""_html << TNumber{fPage.fNumber} << "\" data-rows=\""_html
+           << TNumber{fRow} << "\" data-from=\""_html << TNumber{fFirstRowFile}
+           << "\" data-to=\""_html << TNumber{fRowFiles.GetFileNumber()} << "\""_html;
+   fOut << ">\n"_html;
 }
 
 /// The box that scrolls, the table's begin and its caption.
-void THtmlTable::WriteTableTag(const TPart& part)
+void THtmlTable::WriteTableTag()
 {
    fOut << "<div class=\"scroll"_html;
-   if (part.fLeastWidth > kWidestOfAll)
+   if (fLeastWidth > kWidestOfAll)
       fOut << " widest"_html;
-   else if (part.fLeastWidth > kWidestBesideSideBar)
+   else if (fLeastWidth > kWidestBesideSideBar)
       fOut << " wide"_html;
    fOut << "\" role=\"group\" tabindex=\"0\" aria-label=\""_html << TText{fHeading.fName}
         << ", table "_html << TNumber{fNumber} << "\">\n"_html;
@@ -243,25 +271,19 @@ void THtmlTable::WriteTableTag(const TPart& part)
       fOut << " many"_html;
    if (fShape.fMarked)
       fOut << " marked"_html;
-   fOut << "\">\n<caption class=\"vh\">"_html << TText{fHeading.fName};
-   if (IsSplit())
-      fOut << ", rows "_html << TCount{part.fFirstRow} << " to "_html << TCount{part.fLastRow}
-           << " of "_html << TCount{fRow};
-   fOut << "</caption>\n"_html;
+   fOut << "\">\n<caption class=\"vh\">"_html << TText{fHeading.fName} << "</caption>\n"_html;
 }
 
-void THtmlTable::WriteHeading(const TPart& part)
+void THtmlTable::WriteHeading()
 {
-   const bool hasTools = NeedsSwitch(part);
-   const bool isFirst = part.fFirstRow == 1;
+   const bool hasTools = NeedsSwitch() || NeedsTools();
    const bool hasTitle = !fHeading.fTitle.empty();
-   if (!hasTitle && !hasTools && !IsSplit())
+   if (!hasTitle && !hasTools && !IsLong())
       return;
 
    fOut << "<div class=\"block-head\">\n"_html;
    if (hasTitle) {
-      // Where a table goes on in the next file, its title is the first below that of the page.
-      const bool isThird = fHeading.fLevel == 3 && isFirst;
+      const bool isThird = fHeading.fLevel == 3;
       fOut << (isThird ? "<h3"_html : "<h2"_html);
       if (fHeading.fIsEmphasised)
          fOut << " class=\"emphasised\""_html;
@@ -271,11 +293,9 @@ void THtmlTable::WriteHeading(const TPart& part)
            << "\" aria-label=\"Link to "_html << TText{fHeading.fTitle} << "\">#</a>"_html
            << (isThird ? "</h3>\n"_html : "</h2>\n"_html);
    }
-   if (hasTitle || IsSplit())
-      WriteCount(part);
+   WriteCount();
    if (hasTools)
-      fOut << "<div class=\"tools\"><label class=\"switch\"><input type=\"checkbox\" "
-              "class=\"show-raw\"> Untranslated values</label></div>\n"_html;
+      WriteTools();
    fOut << "</div>\n"_html;
 }
 
@@ -308,25 +328,47 @@ bool THtmlTable::WriteSystemLabel(const TCell& cell)
    return true;
 }
 
-void THtmlTable::WriteCount(const TPart& part)
+void THtmlTable::WriteCount()
 {
    // The columns of a row table are soon counted.
-   if ((!IsColumnTable() || IsComparison()) && !IsSplit())
+   if ((!IsColumnTable() || IsComparison()) && !IsLong())
       return;
-   fOut << "<p class=\"count\">"_html;
-   if (IsSplit())
-      fOut << "Rows "_html << TCount{part.fFirstRow} << " to "_html << TCount{part.fLastRow}
-           << " of "_html << TCount{fRow};
-   else
-      fOut << TCount{fRow} << (fRow == 1 ? " row"_html : " rows"_html);
-   fOut << "</p>\n"_html;
+   fOut << "<p class=\"count\"><output>"_html;
+   if (IsLong())
+      fOut << TCount{fRowsInPage} << " of "_html;
+   fOut << TCount{fRow} << (fRow == 1 ? " row"_html : " rows"_html) << "</output></p>\n"_html;
 }
 
-void THtmlTable::WriteColumns(const TPart& part)
+bool THtmlTable::NeedsTools() const
 {
-   const std::size_t columns = std::max(part.fLooks.size(), fShape.fLabels.size());
+   return HasRowNumbers() && (CanSort() || fRow >= kRowsWorthTools);
+}
+
+/// Filter and copy need the script, and are hidden without it.
+void THtmlTable::WriteTools()
+{
+   fOut << "<div class=\"tools\">\n"_html;
+   if (NeedsTools())
+      fOut
+         << "<label class=\"filter js-only\"><span class=\"vh\">Filter "_html
+         << TText{fHeading.fName}
+         << "</span><input type=\"search\" placeholder=\"Filter rows\" autocomplete=\"off\">"
+            "</label>\n<button type=\"button\" class=\"copy js-only\">Copy as CSV</button>\n"_html;
+   if (NeedsSwitch())
+      fOut << "<label class=\"switch\"><input type=\"checkbox\" class=\"show-raw\"> "
+              "Untranslated values</label>\n"_html;
+   fOut << "</div>\n"_html;
+}
+
+std::size_t THtmlTable::GetColumnCount() const
+{
+   return std::max(fLooks.size(), fShape.fLabels.size());
+}
+
+void THtmlTable::WriteColumns()
+{
    std::vector<int> widths = fShape.fColumnWidths;
-   widths.resize(columns);
+   widths.resize(GetColumnCount());
    FitWidths(widths, HasRowNumbers() ? kWidthBesideRowNumbers : kFullWidth);
    fOut << "<colgroup>"_html;
    if (HasRowNumbers())
@@ -343,20 +385,49 @@ void THtmlTable::WriteColumns(const TPart& part)
    fOut << "</colgroup>\n"_html;
 }
 
-void THtmlTable::WriteHeaderRow(const TPart& part)
+void THtmlTable::WriteHeaderRow()
 {
    fOut << "<thead>\n<tr>"_html;
    if (HasRowNumbers())
       fOut << "<th scope=\"col\" class=\"n\">Row</th>"_html;
-   const std::size_t columns = std::max(part.fLooks.size(), fShape.fLabels.size());
-   for (std::size_t c = 0; c < columns; ++c) {
+   for (std::size_t c = 0; c < GetColumnCount(); ++c) {
+      const std::string_view label =
+         c < fShape.fLabels.size() ? std::string_view(fShape.fLabels[c]) : "";
+      const bool canSort = CanSort() && !IsBlank(label);
       fOut << "<th scope=\"col\""_html;
-      if (c < part.fLooks.size())
-         WriteLook(fOut, part.fLooks[c]);
-      fOut << ">"_html;
-      if (c < fShape.fLabels.size())
-         fOut << TText{fShape.fLabels[c]};
-      fOut << "</th>"_html;
+      WriteLook(fOut, GetLook(c));
+      fOut << (canSort ? " aria-sort=\"none\"><button type=\"button\" class=\"sort\">"_html
+                       : ">"_html)
+           << TText{label} << (canSort ? "</button></th>"_html : "</th>"_html);
    }
    fOut << "</tr>\n</thead>\n"_html;
+}
+
+void THtmlTable::WriteTail()
+{
+   fOut << "</tbody>\n</table>\n</div>\n"_html;
+   if (IsLong())
+      WriteLongTableNote(fText.Close());
+   else if (fRowsInPage > kRowsWorthSkipping)
+      fOut << "<span class=\"end\" id=\"t"_html << TNumber{fNumber}
+           << "-end\" tabindex=\"-1\"></span>\n"_html;
+   fOut << "</section>\n"_html;
+}
+
+/// The script changes the first sentence once it shows all rows.
+void THtmlTable::WriteLongTableNote(std::uint64_t textBytes)
+{
+   const std::uint64_t kilobytes = (textBytes + kBytesOfKilobyte - 1) / kBytesOfKilobyte;
+   fOut << "<p class=\"table-note\" id=\"t"_html << TNumber{fNumber}
+        << "-end\" tabindex=\"-1\"><span class=\"held\">This page holds the first "_html
+        << TCount{fRowsInPage} << " of "_html << TCount{fRow}
+        << " rows.</span> All of them as text: <a href=\"rows/"_html << TFileUrl{GetTextName()}
+        << "\">"_html << TText{GetTextName()} << "</a>, "_html << TCount{kilobytes}
+        << " KB.</p>\n"_html;
+}
+
+/// In the folder of the row files.
+std::string THtmlTable::GetTextName() const
+{
+   return fPage.fFileStem + "~" + std::to_string(fNumber) + ".txt";
 }

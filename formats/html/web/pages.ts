@@ -1,5 +1,27 @@
 // What the pages can do beyond being read. Each part works on what it finds, on every page kind.
 
+import { RowFiles } from "./rows";
+import { startSearch } from "./search";
+import { startTables } from "./table";
 import { startTheme } from "./theme";
 
 startTheme();
+const files = new RowFiles();
+readAhead(files);
+document.addEventListener("DOMContentLoaded", () => {
+  startTables(files);
+  startSearch(files);
+});
+
+/** The rows of a page's first table come while the page itself does. */
+function readAhead(files: RowFiles): void {
+  const watcher = new MutationObserver(() => {
+    const first = document.querySelector<HTMLElement>("section.block");
+    if (!first) return;
+    watcher.disconnect();
+    const { from, to } = first.dataset;
+    if (from && to) files.loadFiles(Number(from), Number(to)).catch(() => {});
+  });
+  watcher.observe(document, { childList: true, subtree: true });
+  document.addEventListener("DOMContentLoaded", () => watcher.disconnect());
+}

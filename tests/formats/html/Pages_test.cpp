@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 
 #include "TPages.h"
@@ -9,6 +10,7 @@ namespace {
 
 using testing::HasSubstr;
 using testing::Not;
+using testing::StartsWith;
 
 TTableGrid MakeGrid(const std::vector<std::vector<std::string>>& rows)
 {
@@ -300,7 +302,15 @@ std::vector<std::string> ReadRows(const TPages& pages, std::size_t files)
    return rows;
 }
 
-TEST(Pages, LargeTablesGoOnInFurtherFiles)
+std::size_t CountFiles(const TPages& pages, const std::string& stem)
+{
+   const std::vector<std::string> files = pages.GetFiles();
+   return static_cast<std::size_t>(std::count_if(files.begin(), files.end(), [&](const auto& file) {
+      return file == stem + ".html" || file.rfind(stem + "~", 0) == 0;
+   }));
+}
+
+TEST(Pages, APageHoldsTheFirstRowsOfALongTableAndItsFilesAllOfThem)
 {
    TPages pages;
    pages.Open("log");
@@ -315,16 +325,25 @@ TEST(Pages, LargeTablesGoOnInFurtherFiles)
    flow.WriteGrid(MakeGrid({{"Name"}, {"drive 1"}}));
    flow.EndRun();
 
-   const std::vector<std::string> rows = ReadRows(pages, 3);
-   ASSERT_EQ(rows.size(), 4501u);
-   for (std::size_t i = 0; i < 4500; ++i)
-      ASSERT_EQ(rows[i], "t1-r" + std::to_string(i + 1));
-   const std::string second = pages.Read("log~2.html");
-   EXPECT_THAT(second, HasSubstr("Rows 2,001 to 4,000 of 4,500"));
-   EXPECT_THAT(second, HasSubstr("<a href=\"log~3.html\">Next</a>"));
-   EXPECT_THAT(second, HasSubstr("<a href=\"log.html\">First</a>"));
-   EXPECT_EQ(Count(second, "<th scope=\"col\">Message"), 1u) << "the header row is repeated";
-   EXPECT_THAT(pages.Read("log~3.html"), HasSubstr("After"));
+   const std::vector<std::string> rows = ReadRows(pages, 1);
+   ASSERT_EQ(rows.size(), 2001u);
+   EXPECT_EQ(rows[1999], "t1-r2000");
+   EXPECT_EQ(rows[2000], "t2-r1");
+   const std::string page = pages.Read("log.html");
+   EXPECT_THAT(page, HasSubstr("id=\"t1\" data-page=\"0\" data-rows=\"4500\" data-from=\"1\" "
+                               "data-to=\"1\">"));
+   EXPECT_THAT(page, HasSubstr("<output>2,000 of 4,500 rows</output>"));
+   EXPECT_THAT(page, HasSubstr("href=\"rows/log~1.txt\""));
+   const std::string text = pages.Read("rows/log~1.txt");
+   EXPECT_EQ(Count(text, "\n"), 4501u);
+   EXPECT_THAT(text, StartsWith("\xEF\xBB\xBFMessage\nmessage 0\n"));
+   const std::string script = pages.Read("rows/1.js");
+   EXPECT_EQ(Count(script, "\x1E"), 4501u);
+   EXPECT_THAT(script, StartsWith("qsxRows(0,1,1,\"\x0Emessage 0\x1E\x0Emessage 1\x1E"));
+   EXPECT_THAT(script, HasSubstr("\");\nqsxTable(0,1,0,4500,\"log\",[\"Message\"]);\n"
+                                 "qsxRows(0,2,1,\"\x0E"
+                                 "drive 1\x1E\");\n"));
+   EXPECT_EQ(pages.Read("rows/index.js"), "qsxPages(1,[[\"log\",\"log\"]]);\n");
 }
 
 TEST(Pages, NoFileGrowsBeyondTwoMegabytes)
@@ -339,7 +358,22 @@ TEST(Pages, NoFileGrowsBeyondTwoMegabytes)
       flow.WriteGrid(MakeGrid({{"Name"}, {text}}));
    }
    flow.EndRun();
-   EXPECT_EQ(ReadRows(pages, pages.GetFiles().size() - 2).size(), 600u);
+   const std::vector<std::string> rows = ReadRows(pages, CountFiles(pages, "log"));
+   EXPECT_EQ(std::count(rows.begin(), rows.end(), "t301-r1"), 1);
+   EXPECT_THAT(pages.Read("log.html"), HasSubstr(" of 300 rows</output>"));
+   EXPECT_EQ(Count(pages.Read("rows/log~1.txt"), "\n"), 301u);
+}
+
+TEST(Pages, RowFilesHoldTextsOnly)
+{
+   TPages pages;
+   pages.Open("log");
+   TReportFlow& flow = pages.GetFlow();
+   flow.WriteGrid(MakeGrid({{"a\"\\"}, {"</script>\"\\\n\r\x1E\x1F\xFF\xE2\x80\xA8"}}));
+   flow.EndRun();
+   EXPECT_EQ(pages.Read("rows/1.js"),
+             "qsxRows(0,1,1,\"\x0E</script>\\\"\\\\\\n\\n\xE2\x90\x9E\xE2\x90\x9F\xEF\xBF\xBD"
+             "\xE2\x80\xA8\x1E\");\nqsxTable(0,1,0,1,\"\",[\"a\\\"\\\\\"]);\n");
 }
 
 TEST(Pages, EntriesLeadToTheirPages)

@@ -85,12 +85,13 @@ TEST_F(HtmlWriter, CellsOfATableByHand)
    fWriter.EndTable();
    const std::string page = EndRun("fans.html");
    EXPECT_THAT(page, HasSubstr("<th scope=\"col\">Name</th><th scope=\"col\">Missing</th>"));
-   EXPECT_THAT(page, HasSubstr("<th scope=\"row\">&lt;Fan&gt;</th>"
-                               "<td><span class=\"state is-ok\"><svg class=\"glyph\" "
-                               "aria-hidden=\"true\"><use href=\"#g-ok\"></use></svg><span "
-                               "class=\"vh\">OK:</span></span>"
-                               "OK<span class=\"raw\">2</span></td>"
-                               "<td class=\"num\">23.5</td><td class=\"mono\">&lt;Fan&gt;</td>"));
+   EXPECT_THAT(page,
+               HasSubstr("<th scope=\"row\">&lt;Fan&gt;</th>"
+                         "<td id=\"t1-r1-c2\"><span class=\"state is-ok\"><svg class=\"glyph\" "
+                         "aria-hidden=\"true\"><use href=\"#g-ok\"></use></svg><span "
+                         "class=\"vh\">OK:</span></span>"
+                         "OK<span class=\"raw\">2</span></td>"
+                         "<td class=\"num\">23.5</td><td class=\"mono\">&lt;Fan&gt;</td>"));
 }
 
 TEST_F(HtmlWriter, ScoresAreBarsAndValuesStandBesideTheirFrequencies)
@@ -174,9 +175,8 @@ TEST_F(HtmlWriter, ALogOfAnyLengthIsOneTable)
    BeginRun("");
    fWriter.WriteEventLogReport(report);
    const std::string page = EndRun("log.html");
-   EXPECT_THAT(page, HasSubstr("Rows 1 to 2,000 of 2,500"));
-   EXPECT_THAT(fFolder.Read("log~2.html"), HasSubstr("<tr id=\"t1-r2500\">"));
-   EXPECT_THAT(fFolder.Read("log~2.html"), Not(HasSubstr("id=\"t2\"")));
+   EXPECT_THAT(page, HasSubstr("2,000 of 2,500 rows"));
+   EXPECT_THAT(page, Not(HasSubstr("id=\"t2\"")));
    EXPECT_THAT(fFolder.Read("index.html"), HasSubstr("href=\"log.html\">Log</a></th><td>2,500"));
 }
 

@@ -1,0 +1,335 @@
+// The rows of a table that is too long for its page: they come from the row files, and the page has
+// those of the window only.
+
+import {
+  elementScroll,
+  observeElementOffset,
+  observeElementRect,
+  Virtualizer,
+} from "@tanstack/virtual-core";
+import { appendContent, makeCell, withSecondText } from "./cells";
+import { getColumn, type Needle, parseRow, type RowFiles, type Segment } from "./rows";
+import type { TableBody } from "./table";
+
+/** Browsers cut elements that are higher. Units: pixels. */
+const kHighest = 12_000_000;
+const kRowsBesideWindow = 6;
+/** Where scripts are read ahead of the table's being seen. */
+const kNear = "800px";
+const kRowsOnPaper = 2000;
+// Units: pixels.
+const kRowNumberWidth = 76;
+const kNarrowest = 120;
+const kRoomOfNumber = 16;
+const kScrollBarWidth = 16;
+
+export class LongBody implements TableBody {
+  readonly rowCount: number;
+  private readonly number: string;
+  private readonly page: number;
+  private readonly body: HTMLTableSectionElement;
+  private readonly box: HTMLElement;
+  private readonly note: HTMLElement | null;
+  private readonly looks: string[];
+  private readonly hasRowNumbers: boolean;
+  private readonly detail: HTMLElement;
+  private segments: Segment[] = [];
+  private loading: Promise<void> | null = null;
+  private order: Uint32Array = new Uint32Array();
+  private virtualizer: Virtualizer<HTMLElement, HTMLElement> | null = null;
+  private rowHeight = 0;
+  private target = -1;
+  private readonly shown = new Map<number, HTMLTableRowElement>();
+  private readonly above = makeSpacer();
+  private readonly below = makeSpacer();
+
+  constructor(
+    private readonly section: HTMLElement,
+    private readonly table: HTMLTableElement,
+    private readonly files: RowFiles,
+    private readonly onLoaded: () => void,
+  ) {
+    this.number = section.id.slice(1);
+    this.page = Number(section.dataset.page);
+    this.rowCount = Number(section.dataset.rows);
+    this.body = table.tBodies[0]!;
+    this.box = table.closest<HTMLElement>(".scroll")!;
+    this.note = section.querySelector(".table-note");
+    const headers = [...table.querySelectorAll("thead th")];
+    this.hasRowNumbers = table.querySelector("col.n") !== null;
+    this.looks = headers.filter((header) => !header.classList.contains("n")).map((header) => header.className);
+    this.detail = document.createElement("div");
+    this.detail.className = "row-detail";
+    this.detail.setAttribute("aria-live", "polite");
+    this.box.after(this.detail);
+    this.loadWhenNear();
+  }
+
+  load(): Promise<void> {
+    this.loading ??= this.read();
+    return this.loading;
+  }
+
+  private loadWhenNear(): void {
+    const observer = new IntersectionObserver(
+      (entries) => {
+        if (!entries.some((entry) => entry.isIntersecting)) return;
+        observer.disconnect();
+        void this.load();
+      },
+      { rootMargin: kNear },
+    );
+    observer.observe(this.section);
+  }
+
+  private async read(): Promise<void> {
+    this.section.ariaBusy = "true";
+    try {
+      await this.files.loadFiles(Number(this.section.dataset.from), Number(this.section.dataset.to));
+      this.segments = this.files.getSegments(this.page, Number(this.number));
+      this.begin();
+      this.onLoaded();
+    } catch (failure) {
+      this.section.classList.add("whole");
+      this.tell(`Only part of the rows can be shown: ${(failure as Error).message}`);
+      throw failure;
+    } finally {
+      this.section.ariaBusy = null;
+    }
+  }
+
+  private tell(text: string): void {
+    const held = this.note?.querySelector(".held");
+    if (held) held.textContent = text;
+  }
+
+  /** From the rows of the page to those of the row files. */
+  private begin(): void {
+    this.section.classList.add("long");
+    this.setWidths();
+    this.body.replaceChildren(this.above, this.below);
+    this.table.setAttribute("aria-rowcount", String(this.rowCount + 1));
+    this.table.tHead?.rows[0]?.setAttribute("aria-rowindex", "1");
+    this.tell("Choose a row to read it whole.");
+    this.measureRow();
+    this.virtualizer = new Virtualizer<HTMLElement, HTMLElement>({
+      ...this.makeOptions(),
+    });
+    this.virtualizer._didMount();
+    this.virtualizer._willUpdate();
+    this.body.addEventListener("click", (event) => this.chooseRow(event));
+    window.addEventListener("beforeprint", () => this.showOnPaper());
+    window.addEventListener("afterprint", () => this.render());
+  }
+
+  private makeOptions() {
+    const count = this.order.length;
+    // Where the rows are too many for the height of an element each takes less of the scroll bar than of
+    // the window; the last ones get the rest as padding.
+    const scrolled = Math.min(this.rowHeight, kHighest / Math.max(1, count));
+    const windowHeight = this.box.clientHeight;
+    return {
+      count,
+      getScrollElement: () => this.box,
+      estimateSize: () => scrolled,
+      paddingEnd: scrolled < this.rowHeight ? windowHeight * (1 - scrolled / this.rowHeight) : 0,
+      overscan: kRowsBesideWindow,
+      // The header row stands above the rows and stays in the window.
+      scrollMargin: this.headerHeight,
+      scrollPaddingStart: this.headerHeight,
+      scrollToFn: elementScroll,
+      observeElementRect,
+      observeElementOffset,
+      onChange: () => this.render(),
+    };
+  }
+
+  /** As wide as the rows of the page ask for; what is missing is taken from the widest columns. */
+  private setWidths(): void {
+    const columns = [...this.table.querySelectorAll<HTMLElement>("col")];
+    const cells = [...(this.table.tHead?.rows[0] ?? this.body.rows[0])!.cells];
+    this.table.classList.add("measured");
+    const wished = cells.map((cell, i) => {
+      const width = Math.ceil(cell.getBoundingClientRect().width);
+      if (columns[i]?.classList.contains("n")) return Math.max(width, kRowNumberWidth);
+      return cell.classList.contains("num") ? width + kRoomOfNumber : width;
+    });
+    this.table.classList.remove("measured");
+    const widths = shrinkToFit(wished, this.box.clientWidth - kScrollBarWidth);
+    const widest = widths.indexOf(Math.max(...widths));
+    columns.forEach((column, i) => {
+      column.style.width = i === widest ? "auto" : `${widths[i]}px`;
+    });
+    this.table.style.minWidth = `${widths.reduce((a, b) => a + b, 0)}px`;
+  }
+
+  private get headerHeight(): number {
+    return this.table.tHead?.offsetHeight ?? 0;
+  }
+
+  private measureRow(): void {
+    const row = this.makeRow(0);
+    this.body.append(row);
+    this.rowHeight = row.getBoundingClientRect().height || 26;
+    row.remove();
+  }
+
+  private getRawRow(row: number): string {
+    let low = 0;
+    let high = this.segments.length - 1;
+    while (low < high) {
+      const middle = (low + high + 1) >> 1;
+      if (this.segments[middle]!.first <= row + 1) low = middle;
+      else high = middle - 1;
+    }
+    const segment = this.segments[low]!;
+    return segment.getRow(row + 1 - segment.first);
+  }
+
+  private makeRow(row: number): HTMLTableRowElement {
+    const element = document.createElement("tr");
+    element.id = `t${this.number}-r${row + 1}`;
+    if (row === this.target) element.className = "is-target";
+    if (this.hasRowNumbers) {
+      const cell = document.createElement("td");
+      cell.className = "n";
+      const link = document.createElement("a");
+      link.href = `#${element.id}`;
+      link.textContent = (row + 1).toLocaleString("en");
+      cell.append(link);
+      element.append(cell);
+    }
+    parseRow(this.getRawRow(row)).forEach((cell, column) => {
+      element.append(makeCell(cell, this.looks[column] ?? ""));
+    });
+    return element;
+  }
+
+  show(order: Uint32Array): void {
+    this.order = order;
+    this.shown.clear();
+    if (!this.virtualizer) return;
+    this.virtualizer.setOptions(this.makeOptions());
+    this.virtualizer.measure();
+    this.box.scrollTop = 0;
+    this.virtualizer._willUpdate();
+    this.render();
+  }
+
+  private render(): void {
+    if (!this.virtualizer) return;
+    const items = this.virtualizer.getVirtualItems();
+    const rows: HTMLTableRowElement[] = [];
+    const wanted = new Set<number>();
+    for (const item of items) {
+      const row = this.order[item.index];
+      if (row === undefined) continue;
+      wanted.add(row);
+      let element = this.shown.get(row);
+      if (!element) {
+        element = this.makeRow(row);
+        this.shown.set(row, element);
+      }
+      element.setAttribute("aria-rowindex", String(item.index + 2));
+      rows.push(element);
+    }
+    for (const row of this.shown.keys()) if (!wanted.has(row)) this.shown.delete(row);
+    const start = items.length > 0 ? items[0]!.start - this.headerHeight : 0;
+    setHeight(this.above, start);
+    setHeight(this.below, this.virtualizer.getTotalSize() - start - rows.length * this.rowHeight);
+    this.body.replaceChildren(this.above, ...rows, this.below);
+  }
+
+  /** Paper has no window: as many rows as a page without scripts has. */
+  private showOnPaper(): void {
+    const rows = [...this.order.subarray(0, kRowsOnPaper)].map((row) => this.makeRow(row));
+    this.body.replaceChildren(...rows);
+  }
+
+  private chooseRow(event: Event): void {
+    if (!getSelection()?.isCollapsed) return;
+    const target = event.target as Element;
+    if (target.closest("a")) return;
+    const row = target.closest("tr");
+    if (row?.id) location.hash = row.id;
+  }
+
+  goTo(row: number): void {
+    if (!this.virtualizer) return;
+    const place = this.order.indexOf(row);
+    this.target = row;
+    if (!this.isInWindow(place)) this.virtualizer.scrollToIndex(place, { align: "center" });
+    this.shown.clear();
+    this.box.scrollIntoView({ block: "nearest" });
+    this.render();
+    this.showDetail(row);
+  }
+
+  private isInWindow(place: number): boolean {
+    const element = this.shown.get(this.order[place]!);
+    if (!element) return false;
+    const row = element.getBoundingClientRect();
+    const box = this.box.getBoundingClientRect();
+    return row.top >= box.top + this.headerHeight && row.bottom <= box.bottom;
+  }
+
+  /** Rows stand on one line; the chosen one can be read whole below them. */
+  private showDetail(row: number): void {
+    const title = document.createElement("p");
+    title.textContent = `Row ${(row + 1).toLocaleString("en")}`;
+    const list = document.createElement("dl");
+    const labels = [...(this.table.tHead?.rows[0]?.cells ?? [])].filter((cell) => !cell.classList.contains("n"));
+    parseRow(this.getRawRow(row)).forEach((cell, column) => {
+      if (!cell.text) return;
+      const term = document.createElement("dt");
+      term.textContent = labels[column]?.textContent ?? "";
+      const value = document.createElement("dd");
+      appendContent(value, cell);
+      if (cell.isMono) value.className = "mono";
+      list.append(term, value);
+    });
+    this.detail.replaceChildren(title, list);
+  }
+
+  getTexts(column: number): string[] {
+    return getColumn(this.segments, column);
+  }
+
+  getCsvRow(row: number, hasSecondTexts: boolean): string[] {
+    return parseRow(this.getRawRow(row)).map((cell) => withSecondText(cell.text, cell.second, hasSecondTexts));
+  }
+
+  findRows(needle: Needle, seesSecondTexts: boolean): Uint8Array {
+    const found = new Uint8Array(this.rowCount);
+    for (const segment of this.segments)
+      needle.scan(segment, seesSecondTexts, (index) => {
+        found[segment.first - 1 + index] = 1;
+      });
+    return found;
+  }
+}
+
+/** Cuts the widest columns to one width, so that all of them fit. Missing: they don't where that gets too narrow. */
+function shrinkToFit(wished: number[], room: number): number[] {
+  const sorted = [...wished].sort((a, b) => a - b);
+  let left = room;
+  for (let i = 0; i < sorted.length; ++i) {
+    const share = left / (sorted.length - i);
+    if (sorted[i]! > share) return wished.map((width) => Math.min(width, Math.max(share, kNarrowest)));
+    left -= sorted[i]!;
+  }
+  return wished;
+}
+
+function makeSpacer(): HTMLTableRowElement {
+  const row = document.createElement("tr");
+  row.className = "spacer";
+  row.ariaHidden = "true";
+  row.append(document.createElement("td"));
+  return row;
+}
+
+function setHeight(row: HTMLTableRowElement, height: number): void {
+  row.hidden = height <= 0;
+  row.style.height = `${Math.max(0, height)}px`;
+}

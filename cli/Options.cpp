@@ -8,8 +8,10 @@
 #include <CLI/CLI.hpp>
 
 #include "CommandFailure.h"
+#include "CommandPages.h"
 #include "DataFolder.h"
 #include "Suggestion.h"
+#include "Version.h"
 
 namespace {
 
@@ -320,6 +322,26 @@ void CheckCommandName(int argc, char** argv)
                          isOption && hint.empty() ? "; options stand behind the command" : hint));
 }
 
+/// "completion SHELL" and "manual COMMAND" are for whoever makes packages: --help doesn't list
+/// them.
+bool IsCommandPage(int argc, char** argv)
+{
+   const std::string word = argc == 3 ? argv[1] : "";
+   return word == "completion" || word == "manual";
+}
+
+void WriteCommandPage(const CLI::App& app, char** argv)
+{
+   if (argv[1] == std::string("completion")) {
+      if (!WriteCompletion(app, argv[2], std::cout))
+         FailUsage(fmt::format("no completion for '{}'; there is bash, zsh and fish", argv[2]));
+      return;
+   }
+   const std::string text(std::istreambuf_iterator<char>(std::cin), {});
+   if (!WriteManualPage(app, argv[2], text, std::cout))
+      FailUsage(fmt::format("no command '{}'", argv[2]));
+}
+
 void CheckExtras(const CLI::App& command)
 {
    for (const std::string& word : command.remaining()) {
@@ -426,12 +448,16 @@ std::optional<TOptions> ParseOptions(int argc, char** argv)
    app.formatter(std::make_shared<THelpText>());
    app.get_formatter()->label("Positionals", "Arguments");
    app.set_help_flag("-h,--help", "Print this help");
-   app.set_version_flag("--version", std::string("qsxreport ") + QSX_VERSION, "Print the version");
+   app.set_version_flag("--version", GetVersionText(), "Print the version");
    app.require_subcommand(1);
    app.footer("'qsxreport COMMAND --help' tells the options of a command.\n" +
               std::string(kExitCodes));
    AddCommands(app, line);
 
+   if (IsCommandPage(argc, argv)) {
+      WriteCommandPage(app, argv);
+      return std::nullopt;
+   }
    CheckCommandName(argc, argv);
    try {
       app.parse(argc, argv);

@@ -10,7 +10,7 @@ setup() {
 @test "every command of the help has a manual page, and every option of it stands there" {
    for command in $("$tool" --help | sed -n '/^Commands:/,/^$/s/^  \([a-z-]*\) .*/\1/p'); do
       page=$QSX_BUILD/share/man/man1/qsxreport-$command.1
-      [ -s "$page" ] || { echo "no manual page of $command"; false; }
+      [ -s "$page" ] || { echo "no manual page of $command: docs/man/$command.scd makes it"; false; }
       text=$(man -P cat "$page" 2>/dev/null || sed 's/\\//g' "$page")
       for option in $("$tool" "$command" --help | grep -o -- '^ *\(-[a-z],\)\?--[a-z-]*' | grep -o -- '--[a-z-]*'); do
          grep -q -F -e "$option" <<<"$text" || { echo "$option is missing from the page of $command"; false; }

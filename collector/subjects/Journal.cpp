@@ -23,7 +23,7 @@ constexpr const char* kFields =
 struct TPart
 {
    const char* fLogName;
-   /// The newest so many; together they are what a reader can still look through.
+   /// The newest so many: 50,000 together, and of usual length each within what a tool may print.
    const char* fLineCount;
    std::vector<std::string> fTransports;
 };
@@ -32,7 +32,8 @@ const std::vector<TPart>& GetParts()
 {
    static const std::vector<TPart> parts = {
       {"journal/kernel", "10000", {"kernel"}},
-      {"journal/system", "40000", {"syslog", "journal", "stdout", "audit", "driver"}},
+      {"journal/audit", "10000", {"audit"}},
+      {"journal/system", "30000", {"syslog", "journal", "stdout", "driver"}},
    };
    return parts;
 }

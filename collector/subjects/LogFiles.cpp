@@ -31,7 +31,7 @@ constexpr const char* kNames[] = {"syslog", "messages", "kern.log",   "auth.log"
                                   "cron",   "mail.log", "maillog",    "boot.log"};
 
 /// Of one file, the newest. Units: bytes.
-constexpr std::uint64_t kTail = std::uint64_t{4} << 20;
+constexpr std::uint64_t kTail = std::uint64_t{8} << 20;
 /// Of all files together.
 constexpr std::size_t kMostLines = 50'000;
 

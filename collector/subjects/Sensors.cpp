@@ -35,6 +35,9 @@ constexpr TKind kKinds[] = {{"temp", 2, 2, -3}, {"in", 3, 5, -3},     {"curr", 4
 constexpr std::string_view kInput = "_input";
 constexpr std::string_view kAverage = "_average";
 
+/// Beyond anything that is measured: millions of kilowatts in millionths of a watt.
+constexpr std::int64_t kMostReading = 1'000'000'000'000'000;
+
 /// "fan1_input" is a reading, as is the average of a meter that has no other.
 const TKind* FindKind(std::string_view file)
 {
@@ -151,7 +154,7 @@ void AddSensor(const TMachine& machine, TCollected& collected, const std::string
    const TSensorFiles files(machine, folder, input);
    const auto reading = files.GetNumber(input.substr(input.rfind('_')));
    // The file is there and can't be read where nothing is connected.
-   if (!reading)
+   if (!reading || *reading > kMostReading || *reading < -kMostReading)
       return;
    const std::string short_name = input.substr(0, input.rfind('_'));
    const std::string label = files.GetText("_label");

@@ -166,6 +166,83 @@ TEST(CollectLogs, ALineKeepsItsRecordWhenOlderOnesAreRotatedAway)
                ElementsAre("20260421101112.500000+120", "", "20260421101112.500000+120", ""));
 }
 
+// A small virtual machine: no tool is installed but those of every system.
+constexpr const char* kVirtualMachine = R"(== /sys/class/net/eth0/ifindex
+2
+== /sys/class/net/eth0/type
+1
+== /sys/class/net/eth0/flags
+0x1003
+== /sys/class/net/eth0/device -> ../../../devices/pci0000:00/0000:00:03.0
+== /sys/bus/pci/devices/0000:00:03.0 -> ../../../devices/pci0000:00/0000:00:03.0
+== /sys/devices/pci0000:00/0000:00:03.0/class
+0x020000
+== /sys/devices/pci0000:00/0000:00:03.0/vendor
+0x5a41
+== /sys/devices/pci0000:00/0000:00:03.0/device
+0x1000
+== /sys/bus/pci/slots/3/address
+0000:00:03
+== /run/udev/data/+pci:0000:00:03.0
+E:ID_MODEL_FROM_DATABASE=Virtual network device
+E:ID_VENDOR_FROM_DATABASE=ZAN
+== /sys/block/vda/size
+2048
+== /sys/block/vda/serial
+VD-01
+\
+)";
+
+TEST(CollectMachine, FindsWhatAMachineWithoutToolsTells)
+{
+   const TCollectedTree machine(kVirtualMachine);
+   EXPECT_EQ(machine.Get("ZANSG_PCIDevice.DeviceID=\"0000:00:03.0\"", "Description"),
+             "ZAN Virtual network device");
+   EXPECT_EQ(machine.Get("ZANSG_SystemSlot.Tag=\"Slot 3\"", "CurrentUsage"), "4");
+   EXPECT_EQ(machine.Get(Device("/dev/vda"), "SerialNumber"), "VD-01");
+   EXPECT_THAT(machine.GetAll("ZANSG_PhysicalNetworkPort", "EnabledState"), ElementsAre("2"));
+   const auto gaps = machine.GetAll("QSX_NotCollected", "Subject");
+   for (const char* gap : {"Network addresses", "Drive health", "Sensors of the board",
+                           "System logs", "File systems in use", "Slots of the board"})
+      EXPECT_THAT(gaps, Contains(gap));
+   // The device manager knows them all, and nothing is there to be missed.
+   EXPECT_THAT(gaps, Not(Contains("Names of PCI devices")));
+   EXPECT_THAT(gaps, Not(Contains("Sensors of the service processor")));
+}
+
+TEST(CollectMachine, PassesOverBrokenDeviceFiles)
+{
+   const TCollectedTree machine(R"(== /sys/class/net/eth0/ifindex
+2
+== /sys/class/net/eth0/address fifo
+== /sys/class/net/eth0/ifalias
+Caf\xE9
+\
+== /proc/net/route sparse
+== /sys/class/hwmon/hwmon0/temp1_input sparse
+== /sys/class/hwmon/hwmon0/temp2_input
+99999999999999999999
+== /sys/class/hwmon/hwmon0/temp3_input
+-9223372036854775808
+== /sys/block/sda/size
+99999999999999999999
+== /sys/block/md0/md/level fifo
+== /var/log/syslog fifo
+== /var/log/kern.log
+Nov 21
+)");
+   const std::string port = "ZANSG_VirtualNetworkPort.DeviceID=\"eth0\"";
+   EXPECT_EQ(machine.Get(port, "Description"), "Caf\\xE9");
+   EXPECT_EQ(machine.Get(port, "PermanentAddress"), "");
+   EXPECT_THAT(machine.GetAll("CIM_NumericSensor", "DeviceID"), ElementsAre());
+   EXPECT_EQ(machine.Get(Device("/dev/md0"), "OperationalStatus"), "10");
+   EXPECT_THAT(machine.GetAll("ZANSG_LinuxEventLogRecord", "Message"), ElementsAre("Nov 21"));
+   const auto sources = machine.GetAll("QSX_NotCollected", "Source");
+   EXPECT_THAT(sources, Contains("/proc/net/route"));
+   EXPECT_THAT(sources, Contains("/var/log/syslog"));
+   EXPECT_THAT(sources, Not(Contains("qsxreport")));
+}
+
 // A tool of another version, or one that breaks off, costs its own part and nothing else.
 TEST(CollectMachine, SurvivesAnyOutputOfTools)
 {

@@ -35,6 +35,8 @@ TArray ReadArray(const TMachine& machine, const std::string& name)
    array.fMissingCount = machine.ReadNumber(folder + "/degraded").value_or(0);
    array.fSize = machine.ReadNumber(kFolder + name + "/size").value_or(0) * kSector;
    array.fMembers = ReadMembers(machine, folder);
+   for (const std::string& part : machine.List(kFolder + name))
+      array.fPartitionCount += machine.Exists(kFolder + name + '/' + part + "/partition") ? 1 : 0;
    return array;
 }
 

@@ -32,6 +32,7 @@ struct TArray
    std::uint64_t fMissingCount = 0;
    /// Units: bytes.
    std::uint64_t fSize = 0;
+   std::uint64_t fPartitionCount = 0;
    std::vector<TArrayMember> fMembers;
 
    /// "RAID 1"

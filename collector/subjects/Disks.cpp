@@ -87,15 +87,21 @@ std::vector<std::uint64_t> GetStates(const TDrive& drive)
    return {works ? kStateOk : isBroken ? kStateError : kStateUnknown};
 }
 
+/// Drives of one model differ by their path.
+std::string NameDrive(const TDrive& drive)
+{
+   return drive.fModel.empty() ? drive.GetPath() : drive.GetPath() + ", " + drive.fModel;
+}
+
 void AddDevice(TCollected& collected, const TDrive& drive)
 {
    TEntry device = collected.Add("ZANSG_LogicalDevice");
    device.Set("DeviceID", drive.GetPath())
       .Set("DeviceClass", "Disk")
-      .Set("ElementName", drive.fModel.empty() ? drive.fKind : drive.fModel)
+      .Set("ElementName", NameDrive(drive))
       .Set("Manufacturer", drive.fVendor)
       .Set("SerialNumber", drive.fSerialNumber)
-      .Set("OtherIdentifyingInfo", drive.GetPath())
+      .Set("OtherIdentifyingInfo", drive.fKind)
       .Set("Location", drive.fLocation)
       .Set("OperationalStatus", GetStates(drive));
    AddFirmware(collected, drive, device);
@@ -106,7 +112,7 @@ void AddDrive(TCollected& collected, const TDrive& drive, const std::set<std::st
    const std::string path = drive.GetPath();
    TEntry disk = collected.Add("ZANSG_MediaAccessDevice");
    disk.Set("DeviceID", path)
-      .Set("Name", drive.fModel.empty() ? path : path + ", " + drive.fModel)
+      .Set("Name", NameDrive(drive))
       .Set("DiskType", drive.fKind)
       .Set("Size", drive.fSize / kMegabyte)
       .Set("NoOfPartitions", drive.fPartitions.size());
@@ -122,7 +128,8 @@ void AddArray(TCollected& collected, const TArray& array)
       .Set("DeviceID", path)
       .Set("Name", path + ", " + array.GetLevelName())
       .Set("DiskType", array.GetLevelName())
-      .Set("Size", array.fSize / kMegabyte);
+      .Set("Size", array.fSize / kMegabyte)
+      .Set("NoOfPartitions", array.fPartitionCount);
    collected.Add("ZANSG_LogicalDevice")
       .Set("DeviceID", path)
       .Set("DeviceClass", "RAID array")

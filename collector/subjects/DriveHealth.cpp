@@ -40,14 +40,13 @@ bool IsRunning(std::uint64_t attribute)
    return std::binary_search(std::begin(kRunning), std::end(kRunning), attribute);
 }
 
-/// The six bytes of a counter, the lowest first, as drives give them.
-std::vector<std::uint64_t> SplitBytes(std::uint64_t number)
+/// As the drive's maker wants it read, "39 (Min/Max 20/45)", not as the six bytes it comes in.
+std::vector<std::string> ReadRawValue(const rapidjson::Value& raw)
 {
-   constexpr int kCount = 6;
-   std::vector<std::uint64_t> bytes;
-   for (int i = 0; i < kCount; ++i, number >>= 8)
-      bytes.push_back(number & 0xFF);
-   return bytes;
+   std::string text = GetText(raw, "string");
+   if (const auto number = GetNumber(raw, "value"); number && text.empty())
+      text = std::to_string(*number);
+   return text.empty() ? std::vector<std::string>() : std::vector<std::string>{text};
 }
 
 void AddATAAttribute(TCollected& collected, const TEntry& drive, const std::string& path,
@@ -57,7 +56,6 @@ void AddATAAttribute(TCollected& collected, const TEntry& drive, const std::stri
    if (!id)
       return;
    const rapidjson::Value& flags = GetMember(told, "flags");
-   const auto raw = GetNumber(GetMember(told, "raw"), "value");
    const auto isPrefailure = GetBoolean(flags, "prefailure");
    TEntry attribute =
       collected.Add(IsRunning(*id) ? "OMC_IDESMARTRunningAttrib" : "OMC_IDESMARTAttrib");
@@ -67,11 +65,10 @@ void AddATAAttribute(TCollected& collected, const TEntry& drive, const std::stri
       .Set("flags", Trim(GetText(flags, "string")))
       .Set("value", GetNumber(told, "value"))
       .Set("worst", GetNumber(told, "worst"))
-      .Set("threshold", GetNumber(told, "thresh"));
+      .Set("threshold", GetNumber(told, "thresh"))
+      .Set("rawVal", ReadRawValue(GetMember(told, "raw")));
    if (isPrefailure)
       attribute.Set("type", *isPrefailure ? "Pre-fail" : "Old age");
-   if (raw)
-      attribute.Set("rawVal", SplitBytes(*raw));
    collected.Associate("OMC_IDESMARTElementStatisticalData", drive, attribute);
 }
 
@@ -112,7 +109,7 @@ void AddNVMeAttributes(TCollected& collected, const TEntry& drive, const std::st
       attribute.Set("InstanceID", path + ' ' + field.fMember)
          .Set("attribName", field.fName)
          .Set("type", "NVMe")
-         .Set("rawVal", std::vector<std::uint64_t>{*value});
+         .Set("rawVal", std::vector<std::string>{std::to_string(*value)});
       collected.Associate("OMC_IDESMARTElementStatisticalData", drive, attribute);
    }
 }

@@ -7,10 +7,12 @@
 
 #include "TCollected.h"
 #include "machine/TMachine.h"
+#include "subjects/PCINames.h"
 #include "subjects/Routes.h"
 #include "subjects/Subjects.h"
 #include "subjects/Teams.h"
 #include "text/Json.h"
+#include "text/KeyValues.h"
 #include "text/Text.h"
 
 namespace NZANQSX20 {
@@ -19,6 +21,7 @@ namespace {
 
 const TNeed kInterfaces = {"Network interfaces",
                            {"ZANSG_PhysicalNetworkPort", "ZANSG_VirtualNetworkPort"}};
+const TNeed kFirmware = {"Firmware of network adapters", {"ZANSG_FirmwareElement"}};
 const TNeed kAddresses = {"Network addresses", {"ZANSG_IPProtocolEndpoint"}};
 
 constexpr const char* kFolder = "/sys/class/net/";
@@ -45,6 +48,7 @@ struct TNetwork
    std::map<std::string, const rapidjson::Value*> fInterfaces;
    TGateways fGateways;
    std::vector<std::string> fNameServers;
+   TPCINames fPCINames;
 };
 
 const rapidjson::Value& FindInterface(const TNetwork& network, const std::string& name)
@@ -173,6 +177,12 @@ void AddStatistics(const TMachine& machine, TCollected& collected, const TEntry&
    collected.Associate("ZANSG_NetworkPortStatistics", port, statistics);
 }
 
+bool IsLoopback(const TMachine& machine, const std::string& folder)
+{
+   constexpr std::uint64_t kLoopback = 772;
+   return machine.ReadNumber(folder + "/type") == kLoopback;
+}
+
 std::optional<std::uint64_t> ReadTechnology(const TMachine& machine, const std::string& folder)
 {
    const auto type = machine.ReadNumber(folder + "/type");
@@ -246,6 +256,8 @@ void SetDHCP(const TMachine& machine, TEntry& port, const std::string& name,
 {
    bool hasAddress = false;
    bool isDynamic = false;
+   if (IsLoopback(machine, kFolder + name))
+      return;
    for (const rapidjson::Value& address : GetElements(GetMember(interface, "addr_info")))
       if (GetText(address, "family") == "inet") {
          hasAddress = true;
@@ -257,12 +269,29 @@ void SetDHCP(const TMachine& machine, TEntry& port, const std::string& name,
    port.Set("DhcpEnabled", isDynamic || !server.empty()).Set("DhcpServer", server);
 }
 
-/// Plain words for what the interface is. Missing: empty for a physical one.
-std::string DescribeKind(const TMachine& machine, const std::string& folder,
-                         const rapidjson::Value& interface)
+/// The address of the PCI device that the interface belongs to, "0000:02:00.0"; a virtual adapter
+/// has a bus of its own in between. Missing: empty for one on another bus.
+std::string FindPCIAddress(const TMachine& machine, const TNetwork& network,
+                           const std::string& folder)
 {
-   constexpr std::uint64_t kLoopback = 772;
-   if (machine.ReadNumber(folder + "/type") == kLoopback)
+   std::string device = machine.Resolve(folder + "/device");
+   for (; device.size() > 1; device.resize(device.rfind('/')))
+      if (const std::string name = device.substr(device.rfind('/') + 1);
+          network.fPCINames.count(name) != 0)
+         return name;
+   return {};
+}
+
+/// What the interface is: the name that its user gave it, or else its device's, or plain words.
+std::string Describe(const TMachine& machine, const TNetwork& network, const std::string& folder,
+                     const rapidjson::Value& interface)
+{
+   if (std::string alias = machine.ReadLine(folder + "/ifalias"); !alias.empty())
+      return alias;
+   if (const auto name = network.fPCINames.find(FindPCIAddress(machine, network, folder));
+       name != network.fPCINames.end())
+      return name->second.Describe();
+   if (IsLoopback(machine, folder))
       return "Loopback";
    if (machine.Exists(folder + "/bonding"))
       return "Bond";
@@ -287,18 +316,16 @@ void SetAddress(const TMachine& machine, TEntry& port, const std::string& folder
 TEntry AddPort(const TMachine& machine, TCollected& collected, const TNetwork& network,
                const std::string& name, bool isPhysical)
 {
-   constexpr std::uint64_t kMegabit = 1'000'000;
    const std::string folder = kFolder + name;
    const rapidjson::Value& interface = FindInterface(network, name);
    const auto speed = machine.ReadNumber(folder + "/speed");
-   const std::string alias = machine.ReadLine(folder + "/ifalias");
    TEntry port =
       collected.Add(isPhysical ? "ZANSG_PhysicalNetworkPort" : "ZANSG_VirtualNetworkPort");
    port.Set("DeviceID", name)
       .Set("Name", name)
-      .Set("Description", alias.empty() ? DescribeKind(machine, folder, interface) : alias)
+      .Set("Description", Describe(machine, network, folder, interface))
       .Set("LinkTechnology", ReadTechnology(machine, folder))
-      .Set("Speed", speed ? std::optional<std::uint64_t>(*speed * kMegabit) : std::nullopt)
+      .Set("Speed", speed)
       .Set("speedDuplex", FormatSpeed(speed, machine.ReadLine(folder + "/duplex")))
       .Set("ActiveMaximumTransmissionUnit", machine.ReadNumber(folder + "/mtu"))
       .Set("EnabledState", ReadState(machine, folder))
@@ -312,6 +339,25 @@ TEntry AddPort(const TMachine& machine, TCollected& collected, const TNetwork& n
    return port;
 }
 
+/// The level of an adapter's own firmware, tied to the adapter.
+void AddFirmware(const TMachine& machine, TCollected& collected, const std::string& name)
+{
+   const std::string address = machine.ReadLinkName(kFolder + name + "/device");
+   const auto device = collected.Find("ZANSG_LogicalDevice.DeviceID=\"" + address + '"');
+   // A virtual adapter has none, and a name like an option is not for a tool.
+   if (!device || StartsWith(name, "-"))
+      return;
+   const TReading reading = machine.RunTool("ethtool", {"-i", name});
+   if (!collected.Has(reading, kFirmware))
+      return;
+   const std::string_view version = TKeyValues(reading.fText).Get("firmware-version");
+   if (version.empty() || version == "N/A")
+      return;
+   TEntry firmware = collected.Add("ZANSG_FirmwareElement");
+   firmware.Set("Name", "Network adapter " + name).Set("Version", version);
+   collected.Associate("ZANSG_DeviceFirmware", firmware, *device);
+}
+
 void AddInterface(const TMachine& machine, TCollected& collected, const TNetwork& network,
                   const std::string& name)
 {
@@ -320,6 +366,7 @@ void AddInterface(const TMachine& machine, TCollected& collected, const TNetwork
    if (isPhysical) {
       AddStatistics(machine, collected, port, name);
       SetTeam(machine, port, name);
+      AddFirmware(machine, collected, name);
       return;
    }
    const rapidjson::Value& link = GetMember(FindInterface(network, name), "linkinfo");
@@ -336,6 +383,7 @@ void CollectNetwork(const TMachine& machine, TCollected& collected)
    TNetwork network;
    network.fGateways = CollectRoutes(machine, collected);
    network.fNameServers = ReadNameServers(machine);
+   network.fPCINames = ReadPCINames(machine, collected);
 
    const TReading reading = machine.RunTool("ip", {"-j", "-d", "addr", "show"});
    const rapidjson::Document addresses = ParseJson(reading.fText);

@@ -85,20 +85,29 @@ std::optional<std::uint64_t> ReadIRQ(const TMachine& machine, const std::string&
    return irq == std::uint64_t{0} ? std::nullopt : irq;
 }
 
-/// The same device among all devices of the machine.
-void AddLogicalDevice(const TMachine& machine, TCollected& collected, const std::string& address,
-                      const TPCIName& name, std::uint64_t classCode, const TEntry& element)
+struct TPCIDevice
 {
-   const std::string folder = kFolder + ('/' + address);
-   const std::string description = name.Describe();
+   std::string fAddress;
+   std::string fDescription;
+   std::string fManufacturer;
+   std::uint64_t fClassCode = 0;
+
+   std::string GetFolder() const { return kFolder + ('/' + fAddress); }
+};
+
+/// The same device among all devices of the machine.
+void AddLogicalDevice(const TMachine& machine, TCollected& collected, const TPCIDevice& told,
+                      const TEntry& element)
+{
+   const std::string folder = told.GetFolder();
    const std::string driver = machine.ReadLinkName(folder + "/driver");
    TEntry device = collected.Add("ZANSG_LogicalDevice");
-   device.Set("DeviceID", address)
-      .Set("DeviceClass", GetDeviceClass(classCode))
-      .Set("ElementName", description.empty() ? "PCI device " + address : description)
-      .Set("Manufacturer", name.fVendor)
+   device.Set("DeviceID", told.fAddress)
+      .Set("DeviceClass", GetDeviceClass(told.fClassCode))
+      .Set("ElementName", told.fDescription)
+      .Set("Manufacturer", told.fManufacturer)
       .Set("OtherIdentifyingInfo", driver.empty() ? driver : "Driver " + driver)
-      .Set("Location", "PCI " + address);
+      .Set("Location", "PCI " + told.fAddress);
    collected.Associate("ZANSG_DeviceIdentity", element, device);
    AssociateModule(machine, collected, device, folder);
 }
@@ -106,18 +115,19 @@ void AddLogicalDevice(const TMachine& machine, TCollected& collected, const std:
 void AddDevice(const TMachine& machine, TCollected& collected, const std::string& address,
                const TPCIName& name, TPCISlots& slots)
 {
-   const std::string folder = kFolder + ('/' + address);
-   const auto code = machine.ReadNumber(folder + "/class");
-   const std::uint64_t classCode = code.value_or(0) >> 16;
-   const bool isBridge = classCode == kClassBridge;
+   TPCIDevice told = {address, name.Describe(), name.fVendor};
+   const std::string folder = told.GetFolder();
    const std::string vendor = ReadID(machine, folder + "/vendor");
    const std::string product = ReadID(machine, folder + "/device");
-   const std::string description = name.Describe();
+   if (told.fDescription.empty())
+      told.fDescription = "Device " + vendor + ':' + product;
+   told.fClassCode = machine.ReadNumber(folder + "/class").value_or(0) >> 16;
 
+   const bool isBridge = told.fClassCode == kClassBridge;
    TEntry element = collected.Add(isBridge ? "ZANSG_PCIBridge" : "ZANSG_PCIDevice");
    element.Set("DeviceID", address)
-      .Set("ClassCode", classCode)
-      .Set("Description", description.empty() ? "Device " + vendor + ':' + product : description);
+      .Set("ClassCode", told.fClassCode)
+      .Set("Description", told.fDescription);
    if (isBridge) {
       element.Set("Location", "PCI " + address);
    } else {
@@ -127,7 +137,7 @@ void AddDevice(const TMachine& machine, TCollected& collected, const std::string
       SetRanges(machine, folder, element);
    }
    slots.Place(collected, address, element, isBridge);
-   AddLogicalDevice(machine, collected, address, name, classCode, element);
+   AddLogicalDevice(machine, collected, told, element);
 }
 
 }  // namespace

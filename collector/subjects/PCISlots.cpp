@@ -40,13 +40,12 @@ std::optional<std::uint64_t> FindNumber(const TWord (&words)[count], std::string
    return std::nullopt;
 }
 
-/// "x8 PCI Express 3 x16" has 8 lanes, "64-bit PCI" 64 bits.
-std::optional<std::uint64_t> ReadWidth(std::string_view type)
+/// "x8" of "x8 PCI Express 3", "64-bit" of "64-bit PCI". Missing: empty for another type.
+std::string_view ReadWidth(std::string_view type)
 {
    const std::string_view word = type.substr(0, type.find(' '));
-   if (StartsWith(word, "x"))
-      return ToNumber(word.substr(1));
-   return EndsWith(word, "-bit") ? ToNumber(word.substr(0, word.find('-'))) : std::nullopt;
+   const bool isLanes = StartsWith(word, "x") && ToNumber(word.substr(1));
+   return isLanes || EndsWith(word, "-bit") ? word : std::string_view();
 }
 
 /// "0000:02:00.1" as "0000:02:00".

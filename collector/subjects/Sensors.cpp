@@ -9,6 +9,7 @@
 #include "machine/TMachine.h"
 #include "subjects/DeviceStates.h"
 #include "subjects/Subjects.h"
+#include "subjects/TSensorGroup.h"
 #include "text/Text.h"
 
 namespace NZANQSX20 {
@@ -149,17 +150,18 @@ void AddFan(TCollected& collected, const std::string& id, const std::string& nam
 
 /// chip: a name that is the same after the next start, unlike the folder's.
 void AddSensor(const TMachine& machine, TCollected& collected, const std::string& folder,
-               const std::string& chip, const std::string& input, const TKind& kind)
+               const std::string& chip, const std::string& input, const TKind& kind,
+               TSensorGroup& group)
 {
    const TSensorFiles files(machine, folder, input);
    const auto reading = files.GetNumber(input.substr(input.rfind('_')));
    // The file is there and can't be read where nothing is connected.
    if (!reading || *reading > kMostReading || *reading < -kMostReading)
       return;
-   const std::string short_name = input.substr(0, input.rfind('_'));
+   const std::string shortName = input.substr(0, input.rfind('_'));
    const std::string label = files.GetText("_label");
-   const std::string name = (label.empty() ? short_name : label) + " (" + chip + ')';
-   const std::string id = chip + '/' + short_name;
+   const std::string name = (label.empty() ? shortName : label) + " (" + chip + ')';
+   const std::string id = chip + '/' + shortName;
    const TLimits limits = ReadLimits(files);
    const std::uint64_t state = Judge(files, limits, *reading);
    TEntry sensor = collected.Add("CIM_NumericSensor");
@@ -171,6 +173,8 @@ void AddSensor(const TMachine& machine, TCollected& collected, const std::string
    SetNumbers(sensor, kind.fModifier, *reading, limits);
    if (kind.fPrefix == "fan")
       AddFan(collected, id, name, chip, state);
+   else
+      group.Add(label.empty() ? shortName : label, state);
 }
 
 /// "coretemp coretemp.0": the driver, and the device that makes two of a kind differ.
@@ -191,11 +195,13 @@ void CollectSensors(const TMachine& machine, TCollected& collected)
    for (const std::string& entry : machine.List(kFolder)) {
       const std::string folder = kFolder + entry;
       const std::string chip = NameChip(machine, folder, entry);
+      TSensorGroup group;
       for (const std::string& file : machine.List(folder))
          if (const TKind* kind = FindKind(file)) {
-            AddSensor(machine, collected, folder, chip, file, *kind);
+            AddSensor(machine, collected, folder, chip, file, *kind, group);
             hasSensor = true;
          }
+      group.AddDevice(collected, chip);
    }
    if (!hasSensor)
       collected.AddGap(kSensors, kFolder, EReason::kNotPresent, "the kernel knows no sensor");

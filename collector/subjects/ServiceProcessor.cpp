@@ -13,6 +13,7 @@
 #include "machine/TMachine.h"
 #include "subjects/DeviceStates.h"
 #include "subjects/Subjects.h"
+#include "subjects/TSensorGroup.h"
 #include "text/Text.h"
 
 namespace NZANQSX20 {
@@ -121,7 +122,7 @@ void AddFan(TCollected& collected, const TSensorLine& line, std::uint64_t state)
       .Set("OperationalStatus", std::vector<std::uint64_t>{state});
 }
 
-void AddReading(TCollected& collected, const TSensorLine& line)
+void AddReading(TCollected& collected, const TSensorLine& line, TSensorGroup& group)
 {
    // The number of the part that is a power supply.
    constexpr std::string_view kSupplyEntity = "10.";
@@ -134,6 +135,8 @@ void AddReading(TCollected& collected, const TSensorLine& line)
          AddSensor(collected, line, unit, value, *state);
          if (unit.fText == "RPM")
             AddFan(collected, line, *state);
+         else
+            group.Add(std::string(line.fName), *state);
          return;
       }
    if (StartsWith(line.fEntity, kSupplyEntity))
@@ -199,10 +202,12 @@ void CollectServiceProcessor(const TMachine& machine, TCollected& collected)
    if (!HasProcessor(machine))
       return;
    const TReading sensors = machine.RunTool("ipmitool", {"sdr", "elist", "all"});
+   TSensorGroup group;
    if (collected.Has(sensors, kSensors))
       for (const std::string_view line : SplitLines(sensors.fText))
          if (const auto sensor = ReadSensorLine(line))
-            AddReading(collected, *sensor);
+            AddReading(collected, *sensor, group);
+   group.AddDevice(collected, "Service processor");
    const TReading events = machine.RunTool("ipmitool", {"-Z", "sel", "elist"});
    if (collected.Has(events, kEvents))
       for (const std::string_view line : SplitLines(events.fText))

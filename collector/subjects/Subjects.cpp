@@ -20,8 +20,8 @@ const std::vector<TSubject>& GetSubjects()
       {"Memory", CollectMemory},
       {"Video", CollectVideo},
       // Devices
-      {"Network", CollectNetwork},
       {"PCI bus", CollectPCI},
+      {"Network", CollectNetwork},
       {"USB bus", CollectUSB},
       {"Disks", CollectDisks},
       {"SCSI and ATA devices", CollectBusDevices},

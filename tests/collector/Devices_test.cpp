@@ -33,9 +33,11 @@ TEST(CollectNetwork, TellsWhereAPortBelongsAndWhatItLost)
    EXPECT_EQ(server.Get(eno2, "MemberType"), "2");
    EXPECT_EQ(server.Get(eno2, "EnabledState"), "6");
    EXPECT_EQ(server.Get(eno2, "Speed"), "");
+   EXPECT_EQ(server.Get(eno2, "Description"), "ZAN 10 Gb adapter");
    // The bond gives both of its members one address.
    EXPECT_EQ(server.Get(eno2, "PermanentAddress"), "02:00:5e:10:00:02");
    EXPECT_EQ(server.Get(Device("team bond0"), "OperationalStatus"), "3");
+   EXPECT_EQ(server.Get("ZANSG_FirmwareElement.Name=\"Network adapter eno2\"", "Version"), "7.1");
    EXPECT_EQ(server.Get("ZANSG_SpareGroup.InstanceID=\"bond0\"", "Name"), "eno1,eno2 (no link)");
 }
 
@@ -85,7 +87,7 @@ TEST(CollectDriveHealth, KeepsWhatDrivesTell)
    const std::string attribute = "OMC_IDESMARTAttrib.InstanceID=\"/dev/sda 5\"";
    EXPECT_EQ(server.Get(attribute, "value"), "9");
    EXPECT_EQ(server.Get(attribute, "threshold"), "10");
-   EXPECT_EQ(server.Get(attribute, "rawVal"), "8,5,0,0,0,0");
+   EXPECT_EQ(server.Get(attribute, "rawVal"), "1288");
    EXPECT_THAT(server.GetAll("OMC_IDESMARTErrorLog", "smartStatus"), ElementsAre("0", "1"));
    EXPECT_EQ(server.Get(Device("/dev/sda"), "OperationalStatus"), "5");
    const std::string error = "OMC_IDESMARTError.InstanceID=\"/dev/sda 1\"";
@@ -112,6 +114,8 @@ TEST(CollectSensors, JudgesReadingsByTheChipAndItsLimits)
    EXPECT_EQ(sensor("zboard/power1", "CurrentReading"), "214748364");
    EXPECT_EQ(sensor("zboard/power1", "UnitModifier"), "-2");
    EXPECT_EQ(sensor("zboard/curr1", "CurrentReading"), "no such instance");
+   EXPECT_EQ(server.Get(Device("sensors zboard"), "ElementName"), "zboard, out of limits: in1");
+   EXPECT_EQ(server.Get(Device("sensors zboard"), "OperationalStatus"), "6");
    EXPECT_EQ(sensor("ipmi/Fan 7", "OperationalStatus"), "6");
    EXPECT_EQ(server.Get(Device("ipmi PS2 Status"), "OperationalStatus"), "6");
    EXPECT_THAT(server.GetAll("ZANSG_IPMILogRecord", "MessageTimestamp"),

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <iterator>
-#include <string_view>
 #include <system_error>
 
 #include "common/Table.h"
@@ -27,13 +26,19 @@ double GetMargin(const TDriveAttribute& attribute)
           static_cast<double>(attribute.GetScale());
 }
 
-/// Failed ones come first: their margins are 0 or less.
+}  // namespace
+
 bool IsCloser(const TDriveAttribute& a, const TDriveAttribute& b)
 {
    return GetMargin(a) < GetMargin(b);
 }
 
-}  // namespace
+bool TDriveAttribute::SetValues(std::string_view value, std::string_view worst,
+                                std::string_view threshold)
+{
+   return ReadNumber(value, fValue) && ReadNumber(worst, fWorst) &&
+          ReadNumber(threshold, fThreshold);
+}
 
 unsigned TDriveAttribute::GetScale() const
 {
@@ -59,11 +64,9 @@ std::optional<TDriveAttribute> ReadDriveAttribute(const TTableRows& rows, std::s
    if (last >= rows.GetCellCount(row))
       return std::nullopt;
    TDriveAttribute attribute;
-   const bool isNumbers =
-      ReadNumber(rows.GetCell(row, columns.fValue).fText, attribute.fValue) &&
-      ReadNumber(rows.GetCell(row, columns.fWorst).fText, attribute.fWorst) &&
-      ReadNumber(rows.GetCell(row, columns.fThreshold).fText, attribute.fThreshold);
-   if (!isNumbers)
+   if (!attribute.SetValues(rows.GetCell(row, columns.fValue).fText,
+                            rows.GetCell(row, columns.fWorst).fText,
+                            rows.GetCell(row, columns.fThreshold).fText))
       return std::nullopt;
    attribute.fName = rows.GetCell(row, columns.fName).fText;
    return attribute;

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "common/StateWords.h"
@@ -27,6 +28,9 @@ struct TDriveAttribute
    /// Missing: 0 where the attribute has no threshold.
    unsigned fThreshold = 0;
 
+   /// Missing: false where one of them is no number of the scale.
+   bool SetValues(std::string_view value, std::string_view worst, std::string_view threshold);
+
    /// The end of the scale that the attribute seems to use.
    unsigned GetScale() const;
 
@@ -34,6 +38,9 @@ struct TDriveAttribute
    /// a threshold, and where all is well.
    EState GetState() const;
 };
+
+/// Whether a is closer to its threshold than b, on their scales; failed ones are the closest.
+bool IsCloser(const TDriveAttribute& a, const TDriveAttribute& b);
 
 /// Missing: nothing where one of the three cells holds no number of the scale.
 std::optional<TDriveAttribute> ReadDriveAttribute(const TTableRows& rows, std::size_t row,

@@ -4,7 +4,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "common/DriveAttributes.h"
 #include "common/Table.h"
@@ -14,9 +13,6 @@ struct TTableGrid;
 /// What a grid holds beside its texts.
 struct TGridMeaning
 {
-   /// The property of each column that tells a state; empty for the others. Missing: no column
-   /// does.
-   std::vector<std::string_view> fStateColumns;
    std::optional<TDriveAttributeColumns> fDriveAttributes;
    std::optional<TLogColumns> fLog;
 };
@@ -34,22 +30,3 @@ TGridMeaning FindGridMeaning(const TTableGrid& grid, std::string_view title,
 /// The columns of a log's grid. Missing: nothing where the grid has no such labels.
 std::optional<TLogColumns> FindLogColumns(const TTableGrid& grid, const TLogTable& log,
                                           const TLabelLookup& getLabel);
-
-/// Rows with the states of their cells. Owner: both are the caller's and outlive this view.
-class TStateRows final : public TTableRows
-{
-public:
-   TStateRows(const TTableRows& rows, const std::vector<std::string_view>& stateColumns)
-      : fRows(rows), fStateColumns(stateColumns)
-   {}
-
-   std::size_t GetRowCount() const override { return fRows.GetRowCount(); }
-
-   std::size_t GetCellCount(std::size_t row) const override { return fRows.GetCellCount(row); }
-
-   TCell GetCell(std::size_t row, std::size_t column) const override;
-
-private:
-   const TTableRows& fRows;
-   const std::vector<std::string_view>& fStateColumns;
-};

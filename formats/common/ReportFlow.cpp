@@ -175,11 +175,7 @@ void TReportFlow::WriteGrid(const TTableGrid& grid, const TGridMeaning& meaning)
       GetPage().BeginTable(shape);
       fIsGridOpen = true;
    }
-   const TGridRows rows(grid, fIsRawDataPage);
-   if (meaning.fStateColumns.empty())
-      GetPage().WriteRows(rows);
-   else
-      GetPage().WriteRows(TStateRows(rows, meaning.fStateColumns));
+   GetPage().WriteRows(TGridRows(grid, fIsRawDataPage));
    if (!fJoinsGrids)
       EndGrids();
 }

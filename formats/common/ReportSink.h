@@ -5,6 +5,7 @@
 #include "common/ReportIndex.h"
 #include "common/RunFacts.h"
 #include "common/Table.h"
+#include "common/health/Health.h"
 
 struct TTableTitle
 {
@@ -45,6 +46,10 @@ public:
    /// Pages come in the order of their numbers in the index.
    virtual void BeginPage(const std::string& linkName) = 0;
    virtual void EndPage() = 0;
+
+   /// Ahead of EndRun, where the health of the machine was judged.
+   virtual void TakeHealth(THealth /*health*/) {}
+
    virtual void EndRun(const TReportIndex& index) = 0;
 
    virtual ~TReportSink() = default;

@@ -6,6 +6,7 @@
 #include "common/ReadRunFacts.h"
 #include "common/RecordColumns.h"
 #include "common/SystemLabels.h"
+#include "common/health/SensorLimits.h"
 
 namespace {
 
@@ -81,7 +82,9 @@ void TSinkWriter::Initialize(boost::shared_ptr<ICIMNamespace> cimNamespace, TCon
    TRunFacts facts = ReadRunFacts(fNamespace);
    MakeLabelsDistinct(fNamespaceLabels, fComparedFiles);
    facts.fComparedSystems = ReadComparedSystems(fNamespace, fNamespaceLabels, fComparedFiles);
-   fFlow.emplace(*fSink, LogNotice);
+   fJudge.emplace(*fSink, fGetLabel);
+   fJudge->SetSensorLimits(ReadSensorLimits(fNamespace));
+   fFlow.emplace(*fJudge, LogNotice);
    fFlow->BeginRun(fOutputDirectory, facts);
 }
 
@@ -264,7 +267,7 @@ void TSinkWriter::WriteValueCell(boost::shared_ptr<ICIMInstance> instance, TRepo
    const std::string untranslated =
       MayHaveRawForm(properties) ? fValueText.Make(properties, separator, true) : "";
    const std::string text = fValueText.Make(properties, separator, false);
-   WriteValue(text, untranslated, property.IsMonospaced(), FindState(property.GetProperty(), text));
+   WriteValue(text, untranslated, property.IsMonospaced());
 }
 
 void TSinkWriter::WriteTextCell(TReportProperty property, std::string text)
@@ -330,9 +333,7 @@ void TSinkWriter::WritePropertyValueCell(boost::shared_ptr<ICIMInstance>,
 {
    const std::string separator = GetArrayValueSeparatorText(TReportProperty::kSeparatorDefault);
    const std::string text = GetValueFromProperty(property, separator, false);
-   const EState state =
-      property ? FindState(property->GetDecl({})->GetName({}), text) : EState::kNone;
-   WriteValue(text, GetValueFromProperty(property, separator, true), false, state);
+   WriteValue(text, GetValueFromProperty(property, separator, true), false);
 }
 
 void TSinkWriter::WriteRegisterValueCell(boost::shared_ptr<ICIMInstance>,
@@ -367,14 +368,11 @@ void TSinkWriter::WriteEventLogTable(TInstances instances, std::string title, st
 
 void TSinkWriter::WriteGrid(TTableGrid* grid)
 {
-   const auto getLabel = [this](const std::string& className, const std::string& property) {
-      return ReadLabel(className, property);
-   };
-   TGridMeaning meaning = FindGridMeaning(*grid, fTableTitle, getLabel);
+   TGridMeaning meaning = FindGridMeaning(*grid, fTableTitle, fGetLabel);
    const TLogTable* const log =
       fLogClass.empty() ? FindLogOfTitle(fTableTitle) : FindLogOfClass(fLogClass);
    if (log != nullptr)
-      meaning.fLog = CompleteLog(*log, FindLogColumns(*grid, *log, getLabel));
+      meaning.fLog = CompleteLog(*log, FindLogColumns(*grid, *log, fGetLabel));
    fFlow->WriteGrid(*grid, meaning);
 }
 
@@ -429,11 +427,10 @@ void TSinkWriter::WriteLabel(const std::string& label, const TReportProperty& pr
 }
 
 void TSinkWriter::WriteValue(const std::string& text, const std::string& untranslated,
-                             bool isMonospaced, EState state)
+                             bool isMonospaced)
 {
    TCell cell;
    cell.fText = text;
-   cell.fState = state;
    cell.fSecondText = GetShownSecondText(text, untranslated);
    cell.fMonospaced = isMonospaced;
    fFlow->AddCell(cell);

@@ -6,6 +6,7 @@
 
 #include "common/RecordZones.h"
 #include "common/ReportFlow.h"
+#include "common/health/HealthJudge.h"
 #include "writer/TWriter.h"
 #include "writer/ValueText.h"
 
@@ -88,8 +89,7 @@ private:
    void WriteLogReport(const TReportParameters& params);
    void WriteLogTable(TReportClass reportClass, const TInstances& instances);
    void WriteLabel(const std::string& label, const TReportProperty& property);
-   void WriteValue(const std::string& text, const std::string& untranslated, bool isMonospaced,
-                   EState state = EState::kNone);
+   void WriteValue(const std::string& text, const std::string& untranslated, bool isMonospaced);
    std::optional<TLogColumns> CompleteLog(const TLogTable& log, std::optional<TLogColumns> columns);
    void TakeLogColumns();
    std::string ReadLabel(const std::string& className, const std::string& property);
@@ -100,7 +100,12 @@ private:
 
    std::unique_ptr<TReportSink> fSink;
    const std::vector<std::string> fComparedFiles;
+   std::optional<THealthJudge> fJudge;
    std::optional<TReportFlow> fFlow;
+   const TLabelLookup fGetLabel = [this](const std::string& className,
+                                         const std::string& property) {
+      return ReadLabel(className, property);
+   };
    /// Kept from cell to cell, so that a column of date-times looks its qualifier up once.
    TValueText fValueText = MakeValueText(*this, TValueText::kQualifierOptional);
 

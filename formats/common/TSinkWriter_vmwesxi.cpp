@@ -11,7 +11,10 @@ void TSinkWriter_vmwesxi::Initialize(boost::shared_ptr<ICIMNamespace> cimNamespa
 {
    fNamespace = std::move(cimNamespace);
    fOutputDirectory = std::move(outputDirectory);
-   fFlow.emplace(*fSink, LogNotice);
+   fJudge.emplace(*fSink, [this](const std::string& className, const std::string& property) {
+      return ReadLabel(className, property);
+   });
+   fFlow.emplace(*fJudge, LogNotice);
    fFlow->BeginRun(fOutputDirectory, ReadRunFacts(fNamespace));
 }
 
@@ -102,4 +105,18 @@ void TSinkWriter_vmwesxi::WriteHealthStatusReport(TReportParameters params)
 void TSinkWriter_vmwesxi::WritePrivilegeLogReport(TReportParameters params)
 {
    WriteGenericReport(params);
+}
+
+/// Missing: the empty text without the class.
+std::string TSinkWriter_vmwesxi::ReadLabel(const std::string& className,
+                                           const std::string& property)
+{
+   try {
+      const auto cimClass = fNamespace->GetClass(className, {});
+      return cimClass
+                ? GetTableHeaderLabel(*cimClass, TReportProperty(property, "", "", "", ""), {})
+                : "";
+   } catch (const TQSXException&) {
+      return "";
+   }
 }

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "common/ReportFlow.h"
+#include "common/health/HealthJudge.h"
 #include "hypervisor/TWriter_vmwesxi.h"
 
 /// TSinkWriter for the collection of a hypervisor.
@@ -51,6 +52,9 @@ protected:
    ~TSinkWriter_vmwesxi() = default;
 
 private:
+   std::string ReadLabel(const std::string& className, const std::string& property);
+
    std::unique_ptr<TReportSink> fSink;
+   std::optional<THealthJudge> fJudge;
    std::optional<TReportFlow> fFlow;
 };

@@ -25,6 +25,7 @@ void TBodySpool::NextFile()
 {
    EndSpan();
    fPage.fFiles.emplace_back();
+   fPage.fFiles.back().fFirstTable = fPage.fTableCount + 1;
    BeginSpan();
    fFileBegin = fSpanBegin;
 }

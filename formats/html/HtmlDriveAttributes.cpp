@@ -47,7 +47,9 @@ void WriteSummary(THtmlSink& out, const TClosestAttributes& attributes)
        << (failed == 1 ? "is"_html : "are"_html) << " at or below it"_html;
 }
 
-void WriteFigureRow(THtmlSink& out, const TDriveAttribute& attribute)
+}  // namespace
+
+void WriteAttributeRow(THtmlSink& out, const TDriveAttribute& attribute)
 {
    out << "<tr><th scope=\"row\">"_html;
    WriteStateMark(out, attribute.GetState(), "");
@@ -57,8 +59,6 @@ void WriteFigureRow(THtmlSink& out, const TDriveAttribute& attribute)
        << TNumber{attribute.fWorst} << ", threshold "_html << TNumber{attribute.fThreshold}
        << "</small></td></tr>\n"_html;
 }
-
-}  // namespace
 
 void WriteAttributeBar(THtmlSink& out, const TDriveAttribute& attribute)
 {
@@ -88,7 +88,7 @@ void WriteAttributeFigure(THtmlSink& out, const TClosestAttributes& attributes)
    out << "</span></figcaption>\n<table class=\"plot\">\n<caption class=\"vh\">Attributes closest "
           "to their thresholds</caption>\n<tbody>\n"_html;
    for (const TDriveAttribute& attribute : attributes.Get())
-      WriteFigureRow(out, attribute);
+      WriteAttributeRow(out, attribute);
    out << "</tbody>\n</table>\n<p class=\"legend\">Bar: the value, the longer the better. Short "
           "mark: the worst value so far. Long mark: the threshold.</p>\n</figure>\n"_html;
 }

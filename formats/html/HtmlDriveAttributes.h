@@ -7,5 +7,8 @@
 /// threshold as a long one.
 void WriteAttributeBar(THtmlSink& out, const TDriveAttribute& attribute);
 
+/// Writes name, bar and numbers of an attribute as a row of a picture.
+void WriteAttributeRow(THtmlSink& out, const TDriveAttribute& attribute);
+
 /// Writes the figure above a table of attributes. Missing: nothing where none has a threshold.
 void WriteAttributeFigure(THtmlSink& out, const TClosestAttributes& attributes);

@@ -123,6 +123,35 @@ std::uint64_t THtmlSite::GetRows(const TReportIndex::TEntry& entry) const
    return fPages[entry.fPage].fRows;
 }
 
+void WritePlaceUrl(THtmlSink& out, const THtmlSite& site, const TPagePlace& place)
+{
+   const THtmlPage& page = site.fPages[place.fPage];
+   out << TFileUrl{page.GetFileName(page.FindFile(place.fTable))};
+   if (place.fTable > 0)
+      out << "#t"_html << TNumber{place.fTable};
+   if (place.fRow > 0)
+      out << "-r"_html << TNumber{place.fRow};
+   if (place.fColumn > 0)
+      out << "-c"_html << TNumber{place.fColumn};
+}
+
+void WritePlaceUrl(THtmlSink& out, const THtmlSite& site, const TFinding& finding)
+{
+   switch (finding.fOwnPlace) {
+      case EOwnPlace::kNone:
+         return WritePlaceUrl(out, site, finding.fPlace);
+      case EOwnPlace::kIndex:
+         out << TFileUrl{kFrontPageFile} << "#index"_html;
+         return;
+      case EOwnPlace::kNotCollected:
+         out << TFileUrl{kFrontPageFile} << "#not-collected"_html;
+         return;
+      case EOwnPlace::kCorrections:
+         out << TFileUrl{kCorrectionsFile};
+         return;
+   }
+}
+
 std::string GetShownName(const TReportIndex::TEntry& entry)
 {
    if (!IsBlank(entry.fDisplayName))

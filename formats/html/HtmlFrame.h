@@ -3,8 +3,10 @@
 #include <string>
 #include <vector>
 
+#include "common/EventLog.h"
 #include "common/ReportIndex.h"
 #include "common/RunFacts.h"
+#include "common/health/Health.h"
 #include "html/HtmlOptions.h"
 #include "html/HtmlPage.h"
 #include "html/HtmlSink.h"
@@ -26,6 +28,10 @@ struct THtmlSite
    const std::vector<THtmlPage>& fPages;
    /// Empty unless it is a comparison.
    const THtmlSystems& fSystems;
+   /// Missing: null in a comparison.
+   const THealth* fHealth = nullptr;
+   /// Missing: null without a timeline.
+   const TEventLog* fEvents = nullptr;
    /// In the order of the side bar, the front page not among them.
    std::vector<THtmlOwnPage> fOwnPages = {};
 
@@ -34,6 +40,7 @@ struct THtmlSite
 };
 
 constexpr const char* kFrontPageFile = "index.html";
+constexpr const char* kCorrectionsFile = "corrections.html";
 constexpr const char* kStyleSheetFile = "pages.css";
 constexpr const char* kScriptFile = "pages.js";
 
@@ -44,6 +51,10 @@ void WriteFrameBegin(THtmlSink& out, const THtmlSite& site, const std::string& t
 
 /// From </main> to the last byte, with a line on where the page comes from.
 void WriteFrameEnd(THtmlSink& out, const THtmlSite& site, const std::string& title);
+
+/// Writes the address of a place on the pages: "hw_info.html#t4-r3-c4".
+void WritePlaceUrl(THtmlSink& out, const THtmlSite& site, const TPagePlace& place);
+void WritePlaceUrl(THtmlSink& out, const THtmlSite& site, const TFinding& finding);
 
 /// The name of an entry as readers see it: one without a name has its link name.
 std::string GetShownName(const TReportIndex::TEntry& entry);

@@ -3,6 +3,9 @@
 #include <initializer_list>
 
 #include "html/HtmlComparison.h"
+#include "html/HtmlHealth.h"
+#include "html/HtmlPictures.h"
+#include "html/HtmlState.h"
 
 namespace {
 
@@ -51,11 +54,13 @@ void WriteTitleBlock(THtmlSink& out, const THtmlSite& site)
 
 void WriteIndexEntry(THtmlSink& out, const THtmlSite& site, const TReportIndex::TEntry& entry)
 {
-   if (entry.IsLinked())
+   if (entry.IsLinked()) {
       out << "<tr><th scope=\"row\"><a href=\""_html
           << TFileUrl{site.fPages[entry.fPage].GetFileName(0)} << "\">"_html
-          << TText{GetShownName(entry)} << "</a></th><td>"_html;
-   else
+          << TText{GetShownName(entry)} << "</a>"_html;
+      WriteStateGlyph(out, site.fPages[entry.fPage].fState);
+      out << "</th><td>"_html;
+   } else
       out << "<tr class=\"empty\"><th scope=\"row\">"_html << TText{GetShownName(entry)}
           << "</th><td>"_html;
    WriteRowCount(out, site, entry);
@@ -102,7 +107,12 @@ void WriteFrontPage(THtmlSink& out, const THtmlSite& site)
       return WriteComparisonFrontPage(out, site);
    WriteFrameBegin(out, site, site.fFacts.GetName(), kFrontPageFile);
    WriteTitleBlock(out, site);
-   // Health and pictures go between the two.
+   if (site.fHealth != nullptr) {
+      out << "<div class=\"front\">\n"_html;
+      WriteHealth(out, site, *site.fHealth);
+      WritePictures(out, site, *site.fHealth);
+      out << "</div>\n"_html;
+   }
    WriteIndex(out, site);
    WriteFrameEnd(out, site, "");
 }

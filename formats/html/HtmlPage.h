@@ -30,6 +30,8 @@ struct THtmlFile
    std::vector<TSpan> fBody;
    /// The first table in the file, for the list of files. Missing: empty without a table.
    std::string fFirstTitle;
+   /// The number that the first table in the file has or would have.
+   unsigned fFirstTable = 1;
 };
 
 /// What is kept of a page until the end of the run; its body lies in the spool.
@@ -50,6 +52,15 @@ struct THtmlPage
    EState fState = EState::kNone;
    /// In a comparison.
    TPageDifferences fDifferences;
+
+   /// The file in which a table begins. Units: tables count from 1.
+   std::size_t FindFile(unsigned table) const
+   {
+      std::size_t file = fFiles.size() - 1;
+      while (file > 0 && fFiles[file].fFirstTable > table)
+         --file;
+      return file;
+   }
 
    /// Files are counted from 0.
    std::string GetFileName(std::size_t file) const

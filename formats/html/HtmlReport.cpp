@@ -2,6 +2,7 @@
 
 #include "html/BundledFiles.h"
 #include "html/HtmlFrontPage.h"
+#include "html/HtmlHealth.h"
 #include "html/HtmlReportPage.h"
 #include "html/HtmlTimeline.h"
 #include "html/RowIndex.h"
@@ -17,6 +18,7 @@ void THtmlReport::BeginRun(const std::string& outputDirectory, const TRunFacts& 
    for (const char* name : {"index", "timeline", "corrections", "rules"})
       fNames.Reserve(name);
    fPages.clear();
+   fHealth.reset();
    fCounter.reset();
    fBody.reset();
    fSpool.emplace(TOutputFile::MakeTemporary(outputDirectory));
@@ -55,29 +57,44 @@ void THtmlReport::EndRun(const TReportIndex& index)
    if (fEvents)
       fEvents->Finish();
    const bool hasTimeline = fEvents && !fEvents->IsEmpty();
-   if (hasTimeline)
+   if (hasTimeline) {
       site.fOwnPages.push_back({kTimelineFile, kTimelineTitle, fEvents->GetCount()});
+      site.fEvents = &*fEvents;
+   }
+   if (fHealth)
+      ShowHealth(site);
    for (std::size_t page = 0; page < fPages.size(); ++page)
       WriteReportPage(fOutputDirectory, site, page, places[page], *fSpool);
    fRowFiles->Close();
    WriteRowIndex(*fRowFiles, site, places);
 
-   if (hasTimeline) {
-      TOutputFile timeline(fOutputDirectory + "/" + kTimelineFile);
-      THtmlSink timelineOut(timeline);
-      WriteTimeline(timelineOut, site, places, *fEvents);
-      timeline.Close();
-   }
-   fEvents.reset();
-
-   TOutputFile frontPage(fOutputDirectory + "/" + kFrontPageFile);
-   THtmlSink out(frontPage);
-   WriteFrontPage(out, site);
-   frontPage.Close();
-
+   if (hasTimeline)
+      WriteOwnPage(kTimelineFile,
+                   [&](THtmlSink& out) { WriteTimeline(out, site, places, *fEvents); });
+   if (fHealth)
+      WriteOwnPage(kRulesFile, [&site](THtmlSink& out) { WriteRulesPage(out, site); });
+   WriteOwnPage(kFrontPageFile, [&site](THtmlSink& out) { WriteFrontPage(out, site); });
    WriteFile(kStyleSheetFile, GetStyleSheet());
    WriteFile(kScriptFile, GetScript());
+   fEvents.reset();
    fSpool.reset();
+}
+
+/// Pages tell in the side bar what a finding on them says.
+void THtmlReport::ShowHealth(THtmlSite& site)
+{
+   site.fHealth = &*fHealth;
+   for (std::size_t page = 0; page < fHealth->fPageStates.size(); ++page)
+      fPages[page].fState = fHealth->fPageStates[page];
+}
+
+void THtmlReport::WriteOwnPage(const std::string& name,
+                               const std::function<void(THtmlSink& out)>& write) const
+{
+   TOutputFile file(fOutputDirectory + "/" + name);
+   THtmlSink out(file);
+   write(out);
+   file.Close();
 }
 
 void THtmlReport::WriteFile(const std::string& name, std::string_view content) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -9,6 +10,7 @@
 #include "common/PageNames.h"
 #include "common/ReportSink.h"
 #include "html/HtmlBody.h"
+#include "html/HtmlFrame.h"
 #include "html/HtmlOptions.h"
 
 /// The report of a run as a folder of HTML pages: a front page, the files of each report, the row
@@ -26,6 +28,9 @@ public:
    void BeginRun(const std::string& outputDirectory, const TRunFacts& facts) override;
    void BeginPage(const std::string& linkName) override;
    void EndPage() override;
+
+   void TakeHealth(THealth health) override { fHealth = std::move(health); }
+
    void EndRun(const TReportIndex& index) override;
 
    void WriteReportTitle(const std::string& title, const std::string& linkText,
@@ -37,6 +42,9 @@ public:
    void EndTable() override;
 
 private:
+   void ShowHealth(THtmlSite& site);
+   void WriteOwnPage(const std::string& name,
+                     const std::function<void(THtmlSink& out)>& write) const;
    void WriteFile(const std::string& name, std::string_view content) const;
 
    const THtmlOptions fOptions;
@@ -48,6 +56,8 @@ private:
    std::optional<TRowFiles> fRowFiles;
    std::vector<THtmlPage> fPages;
    std::unique_ptr<THtmlBody> fBody;
+   /// Missing: nothing in a comparison, and where nobody judged.
+   std::optional<THealth> fHealth;
    /// Missing: empty unless it is a comparison.
    std::optional<TDifferenceCounter> fCounter;
    /// Of the whole run. Missing: none in a comparison.

@@ -7,23 +7,6 @@ constexpr std::string_view kAttention = "Attention";
 constexpr std::string_view kOk = "OK";
 constexpr std::string_view kUnknown = "Unknown";
 
-std::string_view GetWord(EState state)
-{
-   switch (state) {
-      case EState::kFailed:
-         return kFailed;
-      case EState::kAttention:
-         return kAttention;
-      case EState::kOk:
-         return kOk;
-      case EState::kUnknown:
-         return kUnknown;
-      case EState::kNone:
-         break;
-   }
-   return {};
-}
-
 TMarkup GetName(EState state)
 {
    switch (state) {
@@ -41,6 +24,39 @@ TMarkup GetName(EState state)
 }
 
 }  // namespace
+
+std::string_view GetStateWord(EState state)
+{
+   switch (state) {
+      case EState::kFailed:
+         return kFailed;
+      case EState::kAttention:
+         return kAttention;
+      case EState::kOk:
+         return kOk;
+      case EState::kUnknown:
+         return kUnknown;
+      case EState::kNone:
+         break;
+   }
+   return {};
+}
+
+TMarkup GetStateColour(EState state)
+{
+   switch (state) {
+      case EState::kFailed:
+         return "is-failed"_html;
+      case EState::kAttention:
+         return "is-attention"_html;
+      case EState::kOk:
+         return "is-ok"_html;
+      case EState::kUnknown:
+      case EState::kNone:
+         break;
+   }
+   return "is-unknown"_html;
+}
 
 void WriteStateShapes(THtmlSink& out)
 {
@@ -66,7 +82,7 @@ void WriteStateMark(THtmlSink& out, EState state, std::string_view text)
    if (state == EState::kNone)
       return;
    const TMarkup name = GetName(state);
-   const std::string_view word = GetWord(state);
+   const std::string_view word = GetStateWord(state);
    out << "<span class=\"state is-"_html << name
        << "\"><svg class=\"glyph\" aria-hidden=\"true\"><use href=\"#g-"_html << name
        << "\"></use></svg>"_html;
@@ -92,7 +108,7 @@ void WriteStateGlyph(THtmlSink& out, EState state)
       return;
    const TMarkup name = GetName(state);
    out << "<svg class=\"glyph is-"_html << name << "\" role=\"img\" aria-label=\""_html
-       << TText{GetWord(state)} << "\"><use href=\"#g-"_html << name << "\"></use></svg>"_html;
+       << TText{GetStateWord(state)} << "\"><use href=\"#g-"_html << name << "\"></use></svg>"_html;
 }
 
 TMarkup GetStateClass(EState state)

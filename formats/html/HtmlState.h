@@ -18,6 +18,12 @@ void WriteStateShape(THtmlSink& out, EState state);
 /// Writes the shape of a state alone; its word is read aloud. Missing: nothing for kNone and kOk.
 void WriteStateGlyph(THtmlSink& out, EState state);
 
+/// "Failed", "Attention", "OK", "Unknown". Missing: empty for kNone.
+std::string_view GetStateWord(EState state);
+
+/// The class that colours a text by its state: "is-failed".
+TMarkup GetStateColour(EState state);
+
 /// The class of a cell that stands out: a ground for failed, an edge for attention, and the
 /// others are plain. Missing: empty, without a blank.
 TMarkup GetStateClass(EState state);

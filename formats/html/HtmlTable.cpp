@@ -192,12 +192,17 @@ void THtmlTable::WriteCells(const TTableRows& rows, std::size_t row)
 }
 
 /// What tells a state has an address, for the findings that rest on it.
-void THtmlTable::WriteCell(const TCell& cell, std::size_t column, bool isHeader, bool isChanged)
+void THtmlTable::WriteAddress(const TCell& cell, std::size_t column)
 {
-   fOut << (isHeader ? "<th scope=\"row\""_html : "<td"_html);
    if (cell.fState != EState::kNone)
       fOut << " id=\"t"_html << TNumber{fNumber} << "-r"_html << TNumber{fRow} << "-c"_html
            << TNumber{column + 1} << "\""_html;
+}
+
+void THtmlTable::WriteCell(const TCell& cell, std::size_t column, bool isHeader, bool isChanged)
+{
+   fOut << (isHeader ? "<th scope=\"row\""_html : "<td"_html);
+   WriteAddress(cell, column);
    if (!isHeader) {
       WriteValueCell(fOut, cell, GetLook(column), isChanged);
       fOut << "</td>"_html;
@@ -210,9 +215,13 @@ void THtmlTable::WriteCell(const TCell& cell, std::size_t column, bool isHeader,
    fOut << "</th>"_html;
 }
 
-void THtmlTable::WriteAttributeCell(const TCell& cell, const TDriveAttribute& attribute)
+/// The name of the attribute has the mark of its state; the value has its address.
+void THtmlTable::WriteAttributeCell(TCell cell, const TDriveAttribute& attribute)
 {
-   fOut << "<td class=\"num meter\">"_html;
+   fOut << "<td class=\"num meter\""_html;
+   WriteAddress(cell, fShape.fDriveAttributes->fValue);
+   cell.fState = EState::kNone;
+   fOut << ">"_html;
    WriteAttributeBar(fOut, attribute);
    fOut << "<span>"_html;
    WriteCellContent(fOut, cell);

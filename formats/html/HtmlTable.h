@@ -66,8 +66,9 @@ private:
    void KeepRow(const TTableRows& rows, std::size_t row);
    void WriteRowNumber();
    void WriteCells(const TTableRows& rows, std::size_t row);
+   void WriteAddress(const TCell& cell, std::size_t column);
    void WriteCell(const TCell& cell, std::size_t column, bool isHeader, bool isChanged);
-   void WriteAttributeCell(const TCell& cell, const TDriveAttribute& attribute);
+   void WriteAttributeCell(TCell cell, const TDriveAttribute& attribute);
 
    void WriteHead();
    void WriteSectionTag();

@@ -4,35 +4,40 @@
 
 namespace {
 
+constexpr TStateWord kWords[] = {
+   {"OK", EState::kOk},
+   {"Degraded", EState::kAttention},
+   {"Predictive Failure", EState::kAttention},
+   {"Read failure", EState::kFailed},
+   {"Unknown", EState::kUnknown},
+};
+
 struct TStateCase
 {
    const char* fReason;
-   const char* fProperty;
    const char* fText;
    EState fState;
+   const char* fUrgent;
 };
 
 const TStateCase kStates[] = {
-   {"a word of the property", "ControllerStatus", "Okay", EState::kOk},
-   {"letters of either case", "State", "HOT SPARE", EState::kOk},
-   {"an array without redundancy works", "LogicalDriveStatus", "Critical", EState::kAttention},
-   {"a drive that is gone", "State", "Defunct", EState::kFailed},
-   {"another property's word", "State", "Critical", EState::kNone},
-   {"a part of a word", "State", "Defunct drive", EState::kNone},
-   {"a property without a rule", "LastCmdStatus", "Failed", EState::kNone},
-   {"no value", "State", "", EState::kNone},
-   {"a value without a word", "OperationalStatus", "Unknown (9)", EState::kUnknown},
-   {"the most urgent of several", "OperationalStatus", "OK, Predictive Failure",
-    EState::kAttention},
-   {"urgent beside what no rule knows", "selftestExecutionStatus", "Read failure, 60% remaining",
-    EState::kFailed},
-   {"not OK beside what no rule knows", "VolumeStatus", "Enabled, frozen", EState::kNone},
+   {"letters of either case", "ok", EState::kOk, "ok"},
+   {"a part of a word", "Degraded drive", EState::kNone, ""},
+   {"no value", "", EState::kNone, ""},
+   {"a value without a word", "Unknown (9)", EState::kUnknown, "Unknown (9)"},
+   {"the most urgent of several", "OK, Predictive Failure", EState::kAttention,
+    "Predictive Failure"},
+   {"urgent beside what is not in the list", "Read failure, 60% remaining", EState::kFailed,
+    "Read failure"},
+   {"not OK beside what is not in the list", "OK; frozen", EState::kNone, "OK"},
 };
 
 TEST(StateWords, TellTheStateOfAWholeTextOrNone)
 {
-   for (const TStateCase& test : kStates)
-      EXPECT_EQ(FindState(test.fProperty, test.fText), test.fState) << test.fReason;
+   for (const TStateCase& test : kStates) {
+      EXPECT_EQ(FindState(kWords, test.fText), test.fState) << test.fReason;
+      EXPECT_EQ(FindUrgentWord(kWords, test.fText), test.fUrgent) << test.fReason;
+   }
 }
 
 }  // namespace

@@ -77,6 +77,7 @@ TEST(DriveHealth, AttributesClosestToTheirThresholdsComeFirst)
    EXPECT_THAT(page, HasSubstr("class=\"f-base\" width=\"58.5%\""));
    EXPECT_THAT(page, HasSubstr("aria-label=\"Value 0 of 100, worst 0, no threshold\""));
    EXPECT_THAT(page, HasSubstr("<th scope=\"row\" id=\"t1-r3-c1\" class=\"has-failed\">"));
+   EXPECT_THAT(page, HasSubstr("id=\"t1-r3-c2\"")) << "findings lead to the value";
    EXPECT_THAT(page, HasSubstr("</svg><span>36</span></td>")) << "the number stays";
    EXPECT_THAT(page, Not(HasSubstr("style=")));
 }

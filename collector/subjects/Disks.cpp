@@ -7,6 +7,7 @@
 #include "subjects/Arrays.h"
 #include "subjects/DeviceStates.h"
 #include "subjects/Drives.h"
+#include "subjects/KernelModules.h"
 #include "subjects/Subjects.h"
 #include "text/Text.h"
 
@@ -93,7 +94,7 @@ std::string NameDrive(const TDrive& drive)
    return drive.fModel.empty() ? drive.GetPath() : drive.GetPath() + ", " + drive.fModel;
 }
 
-void AddDevice(TCollected& collected, const TDrive& drive)
+void AddDevice(const TMachine& machine, TCollected& collected, const TDrive& drive)
 {
    TEntry device = collected.Add("ZANSG_LogicalDevice");
    device.Set("DeviceID", drive.GetPath())
@@ -105,9 +106,11 @@ void AddDevice(TCollected& collected, const TDrive& drive)
       .Set("Location", drive.fLocation)
       .Set("OperationalStatus", GetStates(drive));
    AddFirmware(collected, drive, device);
+   AssociateModule(machine, collected, device, "/sys/block/" + drive.fName + "/device");
 }
 
-void AddDrive(TCollected& collected, const TDrive& drive, const std::set<std::string>& redundant)
+void AddDrive(const TMachine& machine, TCollected& collected, const TDrive& drive,
+              const std::set<std::string>& redundant)
 {
    const std::string path = drive.GetPath();
    TEntry disk = collected.Add("ZANSG_MediaAccessDevice");
@@ -118,7 +121,7 @@ void AddDrive(TCollected& collected, const TDrive& drive, const std::set<std::st
       .Set("NoOfPartitions", drive.fPartitions.size());
    for (const TPartition& partition : drive.fPartitions)
       AddPartition(collected, disk, drive, partition, redundant);
-   AddDevice(collected, drive);
+   AddDevice(machine, collected, drive);
 }
 
 void AddArray(TCollected& collected, const TArray& array)
@@ -145,7 +148,7 @@ void CollectDisks(const TMachine& machine, TCollected& collected)
    const std::vector<TArray> arrays = ReadArrays(machine);
    const std::set<std::string> redundant = FindRedundant(arrays);
    for (const TDrive& drive : ReadDrives(machine, collected))
-      AddDrive(collected, drive, redundant);
+      AddDrive(machine, collected, drive, redundant);
    for (const TArray& array : arrays)
       AddArray(collected, array);
 }

@@ -72,43 +72,55 @@ void AddATAAttribute(TCollected& collected, const TEntry& drive, const std::stri
    collected.Associate("OMC_IDESMARTElementStatisticalData", drive, attribute);
 }
 
-/// A line of an NVMe drive's health log.
+/// A counter of a drive that is no ATA drive, and where the tool tells it.
 struct THealthField
 {
+   const char* fGroup;  // null for a member of the whole
    const char* fMember;
    const char* fName;
    bool fIsRunning;
 };
 
-constexpr THealthField kHealthFields[] = {
-   {"critical_warning", "Critical warning", false},
-   {"temperature", "Temperature", true},
-   {"available_spare", "Available spare (%)", false},
-   {"available_spare_threshold", "Available spare threshold (%)", false},
-   {"percentage_used", "Percentage used", true},
-   {"data_units_read", "Data units read", true},
-   {"data_units_written", "Data units written", true},
-   {"power_cycles", "Power cycles", true},
-   {"power_on_hours", "Power on hours", true},
-   {"unsafe_shutdowns", "Unsafe shutdowns", false},
-   {"media_errors", "Media errors", false},
-   {"num_err_log_entries", "Error log entries", false},
-   {"warning_temp_time", "Minutes above warning temperature", false},
-   {"critical_comp_time", "Minutes above critical temperature", false}};
+constexpr const char* kNVMe = "nvme_smart_health_information_log";
 
-/// The fields have no numbers and no thresholds of their own: they stand as name and raw value.
-void AddNVMeAttributes(TCollected& collected, const TEntry& drive, const std::string& path,
-                       const rapidjson::Value& log)
+constexpr THealthField kNVMeFields[] = {
+   {kNVMe, "critical_warning", "Critical warning", false},
+   {kNVMe, "temperature", "Temperature", true},
+   {kNVMe, "available_spare", "Available spare (%)", false},
+   {kNVMe, "available_spare_threshold", "Available spare threshold (%)", false},
+   {kNVMe, "percentage_used", "Percentage used", true},
+   {kNVMe, "data_units_read", "Data units read", true},
+   {kNVMe, "data_units_written", "Data units written", true},
+   {kNVMe, "power_cycles", "Power cycles", true},
+   {kNVMe, "power_on_hours", "Power on hours", true},
+   {kNVMe, "unsafe_shutdowns", "Unsafe shutdowns", false},
+   {kNVMe, "media_errors", "Media errors", false},
+   {kNVMe, "num_err_log_entries", "Error log entries", false},
+   {kNVMe, "warning_temp_time", "Minutes above warning temperature", false},
+   {kNVMe, "critical_comp_time", "Minutes above critical temperature", false}};
+
+constexpr THealthField kSCSIFields[] = {
+   {nullptr, "scsi_grown_defect_list", "Grown defects", false},
+   {nullptr, "scsi_percentage_used_endurance_indicator", "Percentage used", true},
+   {"temperature", "current", "Temperature", true},
+   {"temperature", "drive_trip", "Highest temperature", false},
+   {"power_on_time", "hours", "Power on hours", true}};
+
+/// The counters have no numbers and no thresholds of their own: they stand as name and raw value.
+template <std::size_t count>
+void AddFields(TCollected& collected, const TEntry& drive, const std::string& path,
+               const rapidjson::Value& told, const THealthField (&fields)[count], const char* type)
 {
-   for (const THealthField& field : kHealthFields) {
-      const auto value = GetNumber(log, field.fMember);
+   for (const THealthField& field : fields) {
+      const auto value =
+         GetNumber(field.fGroup == nullptr ? told : GetMember(told, field.fGroup), field.fMember);
       if (!value)
          continue;
       TEntry attribute =
          collected.Add(field.fIsRunning ? "OMC_IDESMARTRunningAttrib" : "OMC_IDESMARTAttrib");
       attribute.Set("InstanceID", path + ' ' + field.fMember)
          .Set("attribName", field.fName)
-         .Set("type", "NVMe")
+         .Set("type", type)
          .Set("rawVal", std::vector<std::string>{std::to_string(*value)});
       collected.Associate("OMC_IDESMARTElementStatisticalData", drive, attribute);
    }
@@ -157,7 +169,11 @@ void AddAttributes(TCollected& collected, const TEntry& drive, const std::string
    const rapidjson::Value& table = GetMember(GetMember(told, "ata_smart_attributes"), "table");
    for (const rapidjson::Value& attribute : GetElements(table))
       AddATAAttribute(collected, drive, path, attribute);
-   AddNVMeAttributes(collected, drive, path, GetMember(told, "nvme_smart_health_information_log"));
+   const std::string protocol = GetText(GetMember(told, "device"), "protocol");
+   if (protocol == "NVMe")
+      AddFields(collected, drive, path, told, kNVMeFields, "NVMe");
+   else if (protocol == "SCSI")
+      AddFields(collected, drive, path, told, kSCSIFields, "SCSI");
 }
 
 /// A drive that expects to fail says so among all devices, too.
@@ -226,7 +242,7 @@ void CollectDrive(const TMachine& machine, TCollected& collected, const rapidjso
    const rapidjson::Document told = ParseJson(reading.fText);
    const bool hasHealth = GetMember(told, "smart_status").IsObject() ||
                           GetMember(told, "ata_smart_attributes").IsObject() ||
-                          GetMember(told, "nvme_smart_health_information_log").IsObject();
+                          GetMember(told, kNVMe).IsObject();
    if (reading && hasHealth)
       AddDrive(collected, id, path, told);
    else

@@ -7,6 +7,7 @@
 
 #include "TCollected.h"
 #include "machine/TMachine.h"
+#include "subjects/Addresses.h"
 #include "subjects/PCINames.h"
 #include "subjects/Routes.h"
 #include "subjects/Subjects.h"
@@ -107,46 +108,6 @@ void CollectSettings(const TMachine& machine, TCollected& collected)
       .Set("RoutingEnabled", ReadSwitch(machine, "/proc/sys/net/ipv4/ip_forward"));
 }
 
-std::string FormatMask(std::uint64_t length)
-{
-   constexpr std::uint64_t kBits = 32;
-   if (length > kBits)
-      return {};
-   const std::uint64_t mask = (std::uint64_t{0xFFFFFFFF} << (kBits - length)) & 0xFFFFFFFF;
-   std::string text;
-   for (int shift = 24; shift >= 0; shift -= 8)
-      text += (text.empty() ? "" : ".") + std::to_string(mask >> shift & 0xFF);
-   return text;
-}
-
-void AddEndpoint(TCollected& collected, const TEntry& port, const std::string& name,
-                 const rapidjson::Value& interface)
-{
-   std::vector<std::string> ipv4;
-   std::vector<std::string> masks;
-   std::vector<std::string> ipv6;
-   for (const rapidjson::Value& address : GetElements(GetMember(interface, "addr_info"))) {
-      const std::string text = GetText(address, "local");
-      const auto length = GetNumber(address, "prefixlen");
-      if (text.empty() || !length)
-         continue;
-      if (GetText(address, "family") == "inet") {
-         ipv4.push_back(text);
-         masks.push_back(FormatMask(*length));
-      } else {
-         ipv6.push_back(text + '/' + std::to_string(*length));
-      }
-   }
-   if (ipv4.empty() && ipv6.empty())
-      return;
-   TEntry endpoint = collected.Add("ZANSG_IPProtocolEndpoint");
-   endpoint.Set("Name", name)
-      .Set("IPv4Address", ipv4)
-      .Set("SubnetMask", masks)
-      .Set("IPv6Address", ipv6);
-   collected.Associate("ZANSG_PortImplementsEndpoint", port, endpoint);
-}
-
 void AddStatistics(const TMachine& machine, TCollected& collected, const TEntry& port,
                    const std::string& name)
 {
@@ -231,44 +192,6 @@ std::string ReadDriver(const TMachine& machine, const std::string& folder)
    return version.empty() ? driver : driver + ' ' + version;
 }
 
-/// The server that gave the interface its address, from the files of the usual clients.
-std::string ReadDHCPServer(const TMachine& machine, const std::string& name)
-{
-   constexpr std::string_view kServer = "SERVER_ADDRESS=";
-   const std::string index = machine.ReadLine(kFolder + name + "/ifindex");
-   const TReading lease = machine.Read("/run/systemd/netif/leases/" + index);
-   for (const std::string_view line : SplitLines(lease.fText))
-      if (StartsWith(line, kServer))
-         return std::string(line.substr(kServer.size()));
-   std::string server;
-   const TReading leases = machine.Read("/var/lib/dhcp/dhclient." + name + ".leases");
-   for (const std::string_view line : SplitLines(leases.fText)) {
-      // The last lease counts.
-      const std::vector<std::string_view> words = SplitWords(line);
-      if (words.size() == 3 && words[1] == "dhcp-server-identifier")
-         server = words[2].substr(0, words[2].find(';'));
-   }
-   return server;
-}
-
-void SetDHCP(const TMachine& machine, TEntry& port, const std::string& name,
-             const rapidjson::Value& interface)
-{
-   bool hasAddress = false;
-   bool isDynamic = false;
-   if (IsLoopback(machine, kFolder + name))
-      return;
-   for (const rapidjson::Value& address : GetElements(GetMember(interface, "addr_info")))
-      if (GetText(address, "family") == "inet") {
-         hasAddress = true;
-         isDynamic = isDynamic || GetBoolean(address, "dynamic").value_or(false);
-      }
-   if (!hasAddress)
-      return;
-   const std::string server = ReadDHCPServer(machine, name);
-   port.Set("DhcpEnabled", isDynamic || !server.empty()).Set("DhcpServer", server);
-}
-
 /// The address of the PCI device that the interface belongs to, "0000:02:00.0"; a virtual adapter
 /// has a bus of its own in between. Missing: empty for one on another bus.
 std::string FindPCIAddress(const TMachine& machine, const TNetwork& network,
@@ -331,7 +254,8 @@ TEntry AddPort(const TMachine& machine, TCollected& collected, const TNetwork& n
       .Set("EnabledState", ReadState(machine, folder))
       .Set("DriverLoaded", ReadDriver(machine, folder));
    SetAddress(machine, port, folder, interface);
-   SetDHCP(machine, port, name, interface);
+   if (!IsLoopback(machine, folder))
+      SetDHCP(machine, port, name, interface);
    if (const auto gateways = network.fGateways.find(name); gateways != network.fGateways.end())
       // The servers are the machine's; they stand with the ways that lead to them.
       port.Set("GatewayList", gateways->second).Set("DnsServers", network.fNameServers);

@@ -3,7 +3,9 @@
 
 #include "TCollected.h"
 #include "machine/TMachine.h"
+#include "subjects/KernelModules.h"
 #include "subjects/Subjects.h"
+#include "text/Text.h"
 
 namespace NZANQSX20 {
 
@@ -37,13 +39,17 @@ void AddDevice(const TMachine& machine, TCollected& collected, const std::string
       .Set("Manufacturer", manufacturer)
       .Set("Description", description)
       .Set("Speed", speed.empty() ? speed : speed + " Mb/s");
-   collected.Add("ZANSG_LogicalDevice")
-      .Set("DeviceID", name)
+   TEntry device = collected.Add("ZANSG_LogicalDevice");
+   device.Set("DeviceID", name)
       .Set("DeviceClass", "USB")
       .Set("ElementName", description)
       .Set("Manufacturer", manufacturer)
       .Set("SerialNumber", machine.ReadLine(folder + "/serial"))
       .Set("Location", "USB " + name);
+   // Drivers take the interfaces of a device, the folders "1-2:1.0" in it.
+   for (const std::string& part : machine.List(folder))
+      if (StartsWith(part, name + ':'))
+         AssociateModule(machine, collected, device, folder + '/' + part);
 }
 
 }  // namespace

@@ -98,7 +98,7 @@ void AddDevice(const TMachine& machine, TCollected& collected, const TDrive& dri
 {
    TEntry device = collected.Add("ZANSG_LogicalDevice");
    device.Set("DeviceID", drive.GetPath())
-      .Set("DeviceClass", "Disk")
+      .Set("DeviceClass", "Drive")
       .Set("ElementName", NameDrive(drive))
       .Set("Manufacturer", drive.fVendor)
       .Set("SerialNumber", drive.fSerialNumber)

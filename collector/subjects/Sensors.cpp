@@ -201,7 +201,7 @@ void CollectSensors(const TMachine& machine, TCollected& collected)
             AddSensor(machine, collected, folder, chip, file, *kind, group);
             hasSensor = true;
          }
-      group.AddDevice(collected, chip);
+      group.AddDevice(collected, "Sensors", chip);
    }
    if (!hasSensor)
       collected.AddGap(kSensors, kFolder, EReason::kNotPresent, "the kernel knows no sensor");

@@ -207,7 +207,7 @@ void CollectServiceProcessor(const TMachine& machine, TCollected& collected)
       for (const std::string_view line : SplitLines(sensors.fText))
          if (const auto sensor = ReadSensorLine(line))
             AddReading(collected, *sensor, group);
-   group.AddDevice(collected, "Service processor");
+   group.AddDevice(collected, "Service processor", "Sensors of the service processor");
    const TReading events = machine.RunTool("ipmitool", {"-Z", "sel", "elist"});
    if (collected.Has(events, kEvents))
       for (const std::string_view line : SplitLines(events.fText))

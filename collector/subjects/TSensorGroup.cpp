@@ -16,14 +16,15 @@ void TSensorGroup::Add(const std::string& sensor, std::uint64_t state)
       fOutOfLimits += (fOutOfLimits.empty() ? "out of limits: " : ", ") + sensor;
 }
 
-void TSensorGroup::AddDevice(TCollected& collected, const std::string& name) const
+void TSensorGroup::AddDevice(TCollected& collected, const char* deviceClass,
+                             const std::string& name) const
 {
    if (fCount == 0)
       return;
    const std::string count = std::to_string(fCount) + (fCount == 1 ? " sensor" : " sensors");
    collected.Add("ZANSG_LogicalDevice")
       .Set("DeviceID", "sensors " + name)
-      .Set("DeviceClass", "Sensors")
+      .Set("DeviceClass", deviceClass)
       .Set("ElementName", fOutOfLimits.empty() ? name : name + ", " + fOutOfLimits)
       .Set("OtherIdentifyingInfo", count)
       .Set("OperationalStatus", std::vector<std::uint64_t>{fState});

@@ -18,7 +18,7 @@ public:
    void Add(const std::string& sensor, std::uint64_t state);
 
    /// Missing: a group without sensors adds nothing.
-   void AddDevice(TCollected& collected, const std::string& name) const;
+   void AddDevice(TCollected& collected, const char* deviceClass, const std::string& name) const;
 
 private:
    std::size_t fCount = 0;

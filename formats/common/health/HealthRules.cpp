@@ -186,10 +186,12 @@ constexpr TStateWord kSeverityWords[] = {
    {"Fatal/NonRecoverable", EState::kFailed},
 };
 
-// A port that is switched off on purpose is no fault.
+// A port that is switched off on purpose is no fault, nor is one without a cable; a team tells when
+// it misses one.
 constexpr TStateWord kPortWords[] = {
    {"Enabled", EState::kOk},
    {"Disabled", EState::kOk},
+   {"Enabled but Offline", EState::kOk},
    {"Unknown", EState::kUnknown},
 };
 
@@ -391,6 +393,21 @@ std::vector<THealthRule> MakeRules()
    addVersion("firmware", "BIOS/uEFI", "CIM_BIOSElement", "Version");
    addVersion("firmware", "SP Firmware Main VPD", "ZANSG_SPROMFirmwareVPDMain", "Version");
    addVersion("hardware_inventory", "BIOS", "OMC_SMASHFirmwareIdentity", "VersionString");
+
+   // What a machine tells of itself where no controller's own report does, by the class of device.
+   const auto addDevices = [&addWords](E subsystem, const char* title, const char* noun,
+                                       const char* thing) {
+      addWords(subsystem, "mergedDevices", title, "ZANSG_LogicalDevice", "OperationalStatus", noun,
+               thing, kOperationalWords);
+   };
+   addDevices(E::kDisks, "RAID array", "array", "The array {ElementName}");
+   addDevices(E::kDisks, "Drive", "drive", "The drive {ElementName}");
+   addDevices(E::kSensors, "Fan", "fan", "The fan {ElementName}");
+   addDevices(E::kServiceProcessor, "Power supply", "power supply",
+              "The power supply {ElementName}");
+   addDevices(E::kServiceProcessor, "Battery", "battery", "The battery {ElementName}");
+   addDevices(E::kServiceProcessor, "Service processor", "group of sensors", "{ElementName}");
+   addDevices(E::kNetwork, "Network team", "team of ports", "The team {ElementName}");
 
    // Marked, and not told as findings: the devices once more, as another report groups them, and
    // the records of logs.

@@ -1,21 +1,7 @@
 #include "machine/TMachine.h"
 
-#include <dirent.h>
-#include <fcntl.h>
-#include <linux/openat2.h>
-#include <sys/stat.h>
-#include <sys/statvfs.h>
-#include <sys/syscall.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <array>
-#include <cerrno>
-#include <climits>
-#include <memory>
-#include <system_error>
 
-#include "machine/FileRead.h"
 #include "machine/LocalTime.h"
 #include "machine/ToolRun.h"
 #include "machine/Tools.h"
@@ -26,86 +12,53 @@ namespace NZANQSX20 {
 namespace {
 
 constexpr const char* kRecordFolder = "/qsxreport-tools/";
-/// A folder of more names is broken or hostile.
-constexpr std::size_t kNameCap = 200'000;
 
-std::string ResolveRoot(const std::string& root)
+/// The numbers of an answer. Missing: empty when there is none.
+std::vector<std::int64_t> ToNumbers(const TReading& reading)
 {
-   std::array<char, PATH_MAX> resolved = {};
-   if (realpath(root.c_str(), resolved.data()) == nullptr)
-      throw std::system_error(errno, std::generic_category(), root);
-   return resolved.data();
+   std::vector<std::int64_t> numbers;
+   if (reading)
+      for (const std::string_view word : SplitWords(reading.fText))
+         numbers.push_back(ToSignedNumber(word).value_or(0));
+   return numbers;
 }
 
 }  // namespace
 
-TMachine::TMachine(const std::string& root) : fRoot(ResolveRoot(root))
+TMachine::TMachine(const std::string& root)
+   : fFiles(root), fProcess([this](const TFileRequest& request) { return fFiles.Answer(request); })
 {
-   fRootFolder = open(fRoot.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
-   if (fRootFolder < 0)
-      throw std::system_error(errno, std::generic_category(), root);
-   // A kernel before 5.6 can't keep links inside.
-   const TDescriptor probe(Open("/", O_PATH | O_DIRECTORY | O_CLOEXEC));
-   if (probe.Get() < 0)
-      throw std::system_error(errno, std::generic_category(), root);
    fTimeRule = FindTimeRule(Read("/etc/localtime").fText);
 }
 
-TMachine::~TMachine()
+TReading TMachine::Ask(EQuestion question, const std::string& path, std::size_t size,
+                       std::uint64_t offset) const
 {
-   close(fRootFolder);
-}
-
-int TMachine::Open(const std::string& path, int flags) const
-{
-   if (IsThisMachine())
-      return open(path.c_str(), flags);
-   struct open_how how = {};
-   how.flags = static_cast<unsigned>(flags);
-   how.resolve = RESOLVE_IN_ROOT;
-   return static_cast<int>(syscall(SYS_openat2, fRootFolder, path.c_str(), &how, sizeof how));
+   return fProcess.Ask({question, path, offset, size});
 }
 
 TReading TMachine::Read(const std::string& path, std::size_t cap) const
 {
-   TReading reading;
-   reading.fSource = path;
-   const TDescriptor file(Open(path, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-   if (file.Get() < 0)
-      SetReason(reading, errno);
-   else
-      ReadRegular(file.Get(), cap, reading);
-   return reading;
+   return Ask(EQuestion::kContent, path, cap);
 }
 
 TReading TMachine::ReadPart(const std::string& path, std::uint64_t offset, std::size_t size) const
 {
-   TReading reading;
-   reading.fSource = path;
-   const TDescriptor file(Open(path, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-   if (file.Get() < 0)
-      SetReason(reading, errno);
-   else
-      ReadRegularPart(file.Get(), offset, size, reading);
-   return reading;
+   return Ask(EQuestion::kPart, path, size, offset);
 }
 
 std::optional<std::uint64_t> TMachine::GetFileSize(const std::string& path) const
 {
-   const TDescriptor place(Open(path, O_PATH | O_CLOEXEC));
-   struct stat status = {};
-   if (place.Get() < 0 || fstat(place.Get(), &status) != 0 || status.st_size < 0)
+   const auto status = ToNumbers(Ask(EQuestion::kStatus, path));
+   if (status.size() != 2 || status[0] < 0)
       return std::nullopt;
-   return static_cast<std::uint64_t>(status.st_size);
+   return static_cast<std::uint64_t>(status[0]);
 }
 
 std::optional<std::int64_t> TMachine::GetModifiedTime(const std::string& path) const
 {
-   const TDescriptor place(Open(path, O_PATH | O_CLOEXEC));
-   struct stat status = {};
-   if (place.Get() < 0 || fstat(place.Get(), &status) != 0)
-      return std::nullopt;
-   return std::int64_t{status.st_mtim.tv_sec};
+   const auto status = ToNumbers(Ask(EQuestion::kStatus, path));
+   return status.size() == 2 ? std::optional(status[1]) : std::nullopt;
 }
 
 TCIMDateTime TMachine::MakeTime(std::int64_t seconds, unsigned microseconds) const
@@ -129,37 +82,23 @@ std::optional<std::uint64_t> TMachine::ReadNumber(const std::string& path) const
 
 std::vector<std::string> TMachine::List(const std::string& folder) const
 {
-   const int descriptor = Open(folder, O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC);
-   if (descriptor < 0)
-      return {};
-   const std::unique_ptr<DIR, int (*)(DIR*)> stream(fdopendir(descriptor), closedir);
-   if (!stream) {
-      close(descriptor);
-      return {};
-   }
    std::vector<std::string> names;
-   while (const dirent* entry = readdir(stream.get())) {
-      const std::string name = entry->d_name;
-      if (name != "." && name != ".." && names.size() < kNameCap)
-         names.push_back(name);
-   }
+   const TReading reading = Ask(EQuestion::kNames, folder);
+   for (const std::string_view name : Split(reading.fText, '\0'))
+      if (!name.empty())
+         names.emplace_back(name);
    std::sort(names.begin(), names.end());
    return names;
 }
 
 bool TMachine::Exists(const std::string& path) const
 {
-   return TDescriptor(Open(path, O_PATH | O_CLOEXEC)).Get() >= 0;
+   return static_cast<bool>(Ask(EQuestion::kStatus, path));
 }
 
 std::string TMachine::ReadLink(const std::string& path) const
 {
-   const TDescriptor link(Open(path, O_PATH | O_NOFOLLOW | O_CLOEXEC));
-   if (link.Get() < 0)
-      return {};
-   std::array<char, PATH_MAX> target = {};
-   const ssize_t length = readlinkat(link.Get(), "", target.data(), target.size());
-   return length < 0 ? std::string() : std::string(target.data(), static_cast<std::size_t>(length));
+   return Ask(EQuestion::kLink, path).fText;
 }
 
 std::string TMachine::ReadLinkName(const std::string& path) const
@@ -170,27 +109,18 @@ std::string TMachine::ReadLinkName(const std::string& path) const
 
 std::string TMachine::Resolve(const std::string& path) const
 {
-   const TDescriptor place(Open(path, O_PATH | O_CLOEXEC));
-   if (place.Get() < 0)
-      return {};
-   std::array<char, PATH_MAX> target = {};
-   const std::string own = "/proc/self/fd/" + std::to_string(place.Get());
-   const ssize_t length = readlink(own.c_str(), target.data(), target.size());
-   if (length < 0)
-      return {};
-   const std::string resolved(target.data(), static_cast<std::size_t>(length));
-   return IsThisMachine() ? resolved : resolved.substr(fRoot.size());
+   return Ask(EQuestion::kResolved, path).fText;
 }
 
 std::optional<TFileSystemSize> TMachine::GetFileSystemSize(const std::string& path) const
 {
    if (!IsThisMachine())
       return std::nullopt;
-   struct statvfs status = {};
-   if (statvfs(path.c_str(), &status) != 0)
+   const auto sizes = ToNumbers(Ask(EQuestion::kFileSystemSize, path));
+   if (sizes.size() != 2)
       return std::nullopt;
-   const auto unit = std::uint64_t{status.f_frsize};
-   return TFileSystemSize{unit * status.f_blocks, unit * status.f_bavail};
+   return TFileSystemSize{static_cast<std::uint64_t>(sizes[0]),
+                          static_cast<std::uint64_t>(sizes[1])};
 }
 
 TReading TMachine::CallTool(const std::string& tool,

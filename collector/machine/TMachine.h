@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "TCIMDateTime.h"
+#include "machine/TFileProcess.h"
 #include "machine/TReading.h"
+#include "machine/TRootFiles.h"
 
 namespace NZANQSX20 {
 
@@ -32,7 +34,7 @@ enum class EExit
 /// The machine that is collected: its files and what its tools print.
 ///
 /// Nothing is changed on it, and nothing read from it can hang the collection: files other than
-/// regular ones are refused, and every read ends at a cap and at a deadline.
+/// regular ones are refused, every read ends at a cap, and at a deadline of 3 seconds.
 ///
 /// Shape:   paths are absolute, as the machine itself has them. Under a root other than "/", links
 ///          stay inside the root, and tools are not run: what they printed is read from the
@@ -43,12 +45,11 @@ class TMachine
 public:
    /// Throws: std::system_error when the root is no folder that can be read.
    explicit TMachine(const std::string& root = "/");
-   ~TMachine();
    TMachine(const TMachine&) = delete;
    TMachine& operator=(const TMachine&) = delete;
 
    /// Whether the root is "/": the machine that this program runs on.
-   bool IsThisMachine() const { return fRoot == "/"; }
+   bool IsThisMachine() const { return fFiles.IsThisMachine(); }
 
    /// The content of a regular file, text or not.
    TReading Read(const std::string& path, std::size_t cap = kFileCap) const;
@@ -105,12 +106,13 @@ public:
                                     const std::vector<std::string>& arguments);
 
 private:
-   int Open(const std::string& path, int flags) const;
+   TReading Ask(EQuestion question, const std::string& path, std::size_t size = 0,
+                std::uint64_t offset = 0) const;
    TReading CallTool(const std::string& tool, const std::vector<std::string>& arguments) const;
    TReading ReadRecord(const std::string& tool, const std::vector<std::string>& arguments) const;
 
-   std::string fRoot;
-   int fRootFolder = -1;
+   TRootFiles fFiles;
+   mutable TFileProcess fProcess;
    /// The rule of the time zone as POSIX writes it, "CET-1CEST,M3.5.0,M10.5.0/3".
    std::string fTimeRule;
    mutable std::map<std::string, TReading> fCalls;

@@ -13,7 +13,7 @@
 #include <csignal>
 #include <ctime>
 
-#include "machine/FileRead.h"
+#include "machine/RegularFile.h"
 #include "text/Text.h"
 
 namespace NZANQSX20 {

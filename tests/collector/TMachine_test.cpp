@@ -1,8 +1,14 @@
 #include "machine/TMachine.h"
 
+#include <unistd.h>
+
+#include <chrono>
+
 #include <gtest/gtest.h>
 
 #include "collector/TFixtureRoot.h"
+#include "machine/TFileProcess.h"
+#include "machine/ToolRun.h"
 
 using namespace NZANQSX20;
 
@@ -52,6 +58,33 @@ TEST(TMachine, ReadsWhatToolsPrintedUnderARoot)
 TEST(TMachine, RefusesDevicesOfThisMachine)
 {
    EXPECT_EQ(TMachine().Read("/dev/zero").fReason, EReason::kNotReadable);
+}
+
+TEST(TFileProcess, GivesUpAReadThatHangsAndGoesOn)
+{
+   const auto answer = [](const TFileRequest& request) -> TReading {
+      if (request.fPath == "/stuck/a")
+         pause();
+      return {request.fPath, EReason::kNone, request.fPath};
+   };
+   TFileProcess process(answer, std::chrono::milliseconds(200));
+   EXPECT_EQ(process.Ask({EQuestion::kContent, "/fine"}).fText, "/fine");
+   EXPECT_EQ(process.Ask({EQuestion::kContent, "/stuck/a"}).fReason, EReason::kTimedOut);
+   // What lies beside it isn't waited for again.
+   EXPECT_EQ(process.Ask({EQuestion::kContent, "/stuck/b"}).fReason, EReason::kTimedOut);
+   EXPECT_EQ(process.Ask({EQuestion::kContent, "/fine"}).fText, "/fine");
+}
+
+TEST(ToolRun, EndsAToolAtTheCapOrTheDeadlineWithAllItStarted)
+{
+   // A program that prints without end stands for a tool that has gone mad.
+   const TReading endless = RunProgram("/usr/bin/yes", "yes", {});
+   EXPECT_EQ(endless.fReason, EReason::kTooLong);
+   EXPECT_EQ(endless.fText.size(), kToolOutputCap);
+   const TReading environment = RunProgram("/usr/bin/env", "env", {});
+   EXPECT_EQ(environment.fText, "LC_ALL=C\nPATH=/usr/sbin:/usr/bin:/sbin:/bin\n");
+   EXPECT_EQ(RunProgram("/usr/bin/cat", "cat", {}).fText, "");
+   EXPECT_EQ(RunProgram("/usr/bin/missing", "missing", {}).fReason, EReason::kNotPresent);
 }
 
 }  // namespace

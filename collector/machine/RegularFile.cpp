@@ -1,4 +1,4 @@
-#include "machine/FileRead.h"
+#include "machine/RegularFile.h"
 
 #include <linux/magic.h>
 #include <sys/stat.h>

@@ -9,6 +9,7 @@ namespace {
 constexpr std::size_t kMostOutliers = 10;
 // Units: bytes. The page that the line leads to has the whole text.
 constexpr std::size_t kLongestValue = 120;
+constexpr std::size_t kMostValues = 4;
 /// So that one report does not fill the list alone.
 constexpr std::size_t kFirstOutliers = 2;
 
@@ -150,7 +151,7 @@ private:
    {
       const TComparedSystem& facts = fSite.fFacts.fComparedSystems[system];
       fOut << "<tr><th scope=\"row\">"_html;
-      fSystems.Write(fOut, system);
+      fSystems.WriteWithLabel(fOut, system);
       if (system == 0)
          fOut << " <small>base</small>"_html;
       fOut << "</th><td data-label=\"Serial number\" class=\"mono\">"_html
@@ -178,7 +179,7 @@ private:
       return HasMajority() && outlier.fProperty.empty() &&
              std::any_of(outliers.begin(), outliers.end(), [&](const TOutlier& other) {
                 return other.fProperty.empty() && other.fSection == outlier.fSection &&
-                       other.fSystem != outlier.fSystem;
+                       other.GetSystem() != outlier.GetSystem();
              });
    }
 
@@ -215,14 +216,19 @@ private:
       if (chosen.empty())
          return;
       fOut << "<section>\n<div class=\"section-head\"><h2 id=\"apart\">"_html
-           << (HasMajority() ? "Where one system stands apart"_html : "Where they differ"_html)
-           << "</h2><p>At most ten lines; firmware, hardware and settings first.</p></div>\n"
+           << (HasMajority() ? "Where a system stands apart"_html : "Where they differ"_html)
+           << (HasMajority()
+                  ? "</h2><p>What most systems share, and who has another value. At most "
+                    "ten lines; firmware, hardware and settings first.</p></div>"_html
+                  : "</h2><p>At most ten lines; firmware, hardware and settings "
+                    "first.</p></div>"_html)
+           << "\n"
               "<div class=\"scroll\" role=\"group\" tabindex=\"0\" aria-labelledby=\"apart\">\n"
               "<table class=\"compare\">\n<thead><tr><th scope=\"col\">Item</th>"
               "<th scope=\"col\">Property</th>"_html;
       if (HasMajority())
-         fOut << "<th scope=\"col\">All others</th><th scope=\"col\">Outlier</th>"
-                 "<th scope=\"col\">On</th>"_html;
+         fOut << "<th scope=\"col\">Majority</th><th scope=\"col\" class=\"num\">Systems</th>"
+                 "<th scope=\"col\">Outlier</th><th scope=\"col\">On</th>"_html;
       else
          for (const std::size_t system : {0, 1}) {
             fOut << "<th scope=\"col\">"_html;
@@ -238,22 +244,63 @@ private:
    void WriteOutlier(const THtmlPage& page, const TOutlier& outlier)
    {
       const std::string& section = outlier.fSection.empty() ? page.fTitle : outlier.fSection;
-      fOut << "<tr><th scope=\"row\"><a href=\""_html << TFileUrl{page.GetFileName(outlier.fFile)}
-           << "#t"_html << TNumber{outlier.fTable} << "\">"_html
+      fOut << "<tr><th scope=\"row\""_html;
+      WriteRowSpan(outlier);
+      fOut << "><a href=\""_html << TFileUrl{page.GetFileName(outlier.fFile)} << "#t"_html
+           << TNumber{outlier.fTable} << "\">"_html
            << TText{outlier.fItem.empty() ? section : outlier.fItem} << "</a>"_html;
       if (!outlier.fItem.empty() && outlier.fItem != section)
          fOut << " <small>"_html << TText{section} << "</small>"_html;
-      fOut << "</th><td>"_html << TText{outlier.fProperty} << "</td><td class=\"majority\">"_html;
-      WriteValue(outlier.fMajority, outlier.fValue);
-      fOut << "</td><td class=\"outlier\">"_html;
-      WriteValue(outlier.fValue, outlier.fMajority);
+      fOut << "</th><td"_html;
+      WriteRowSpan(outlier);
+      fOut << ">"_html << TText{outlier.fProperty} << "</td><td class=\"majority\""_html;
+      WriteRowSpan(outlier);
+      fOut << ">"_html;
+      WriteValue(outlier.fMajority, outlier.fValues.front().fText);
       fOut << "</td>"_html;
       if (HasMajority()) {
-         fOut << "<td class=\"on\">"_html;
-         fSystems.Write(fOut, outlier.fSystem);
-         fOut << "</td>"_html;
+         fOut << "<td class=\"num majority\""_html;
+         WriteRowSpan(outlier);
+         fOut << ">"_html << TCount{outlier.fMajorityCount} << " of "_html
+              << TCount{fSystems.GetCount()} << "</td>"_html;
+      }
+      for (std::size_t i = 0; i < CountShownValues(outlier); ++i) {
+         fOut << (i > 0 ? "</tr>\n<tr class=\"more\">"_html : ""_html);
+         WriteOutlierValue(outlier, i);
       }
       fOut << "</tr>\n"_html;
+   }
+
+   static std::size_t CountShownValues(const TOutlier& outlier)
+   {
+      return std::min(kMostValues, outlier.fValues.size());
+   }
+
+   void WriteRowSpan(const TOutlier& outlier)
+   {
+      if (CountShownValues(outlier) > 1)
+         fOut << " rowspan=\""_html << TNumber{CountShownValues(outlier)} << "\""_html;
+   }
+
+   void WriteOutlierValue(const TOutlier& outlier, std::size_t number)
+   {
+      const TOutlierValue& value = outlier.fValues[number];
+      fOut << "<td class=\"outlier\">"_html;
+      WriteValue(value.fText, outlier.fMajority);
+      const std::size_t left = outlier.fValues.size() - number - 1;
+      if (number + 1 == kMostValues && left > 0)
+         fOut << " <small>and "_html << TCount{left}
+              << (left == 1 ? " more value</small>"_html : " more values</small>"_html);
+      fOut << "</td>"_html;
+      if (!HasMajority())
+         return;
+      fOut << (value.fSystems.size() == 1 ? "<td class=\"on one\">"_html
+                                          : "<td class=\"on\">"_html);
+      for (const std::size_t system : value.fSystems) {
+         fSystems.Write(fOut, system);
+         fOut << " "_html;
+      }
+      fOut << "</td>"_html;
    }
 
    /// Of a text of several lines, the first one that differs from the other text.

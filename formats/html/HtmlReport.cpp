@@ -19,7 +19,7 @@ void THtmlReport::BeginRun(const std::string& outputDirectory, const TRunFacts& 
       fNames.Reserve(name);
    fPages.clear();
    fHealth.reset();
-   fCounter.reset();
+   fCompared.reset();
    fBody.reset();
    fSpool.emplace(TOutputFile::MakeTemporary(outputDirectory));
    fEvents.reset();
@@ -38,14 +38,14 @@ void THtmlReport::BeginPage(const std::string& linkName)
    fTableTitle.clear();
    fBody = std::make_unique<THtmlBody>(*fSpool, fPages.back(), *fRowFiles, fSystems);
    if (!fSystems.IsEmpty())
-      fCounter.emplace(fSystems, fPages.back().fDifferences);
+      fCompared = std::make_unique<TComparedPage>(*fBody, fPages.back(), fSystems);
 }
 
 void THtmlReport::EndPage()
 {
-   if (fCounter)
-      fCounter->Finish();
-   fCounter.reset();
+   if (fCompared)
+      fCompared->Finish();
+   fCompared.reset();
    fBody->Finish();
    fBody.reset();
 }
@@ -97,6 +97,13 @@ void THtmlReport::WriteOwnPage(const std::string& name,
    file.Close();
 }
 
+TPageSink& THtmlReport::GetPage()
+{
+   if (fCompared)
+      return *fCompared;
+   return *fBody;
+}
+
 void THtmlReport::WriteFile(const std::string& name, std::string_view content) const
 {
    TOutputFile file(fOutputDirectory + "/" + name);
@@ -107,48 +114,40 @@ void THtmlReport::WriteFile(const std::string& name, std::string_view content) c
 void THtmlReport::WriteReportTitle(const std::string& title, const std::string& linkText,
                                    const std::string& linkTarget)
 {
-   fBody->WriteReportTitle(title, linkText, linkTarget);
+   GetPage().WriteReportTitle(title, linkText, linkTarget);
 }
 
 void THtmlReport::WriteTableTitle(const TTableTitle& title)
 {
-   if (fCounter)
-      fCounter->OnTitle(title);
    if (!title.fIsSubTitle)
       fTableTitle = title.fText;
-   fBody->WriteTableTitle(title);
+   GetPage().WriteTableTitle(title);
 }
 
 void THtmlReport::WriteNote(const std::string& text)
 {
-   fBody->WriteNote(text);
+   GetPage().WriteNote(text);
 }
 
 void THtmlReport::BeginTable(const TTableShape& shape)
 {
-   if (fCounter)
-      fCounter->OnTable(shape);
    fIsLogOpen = fEvents && shape.fLog;
    if (fIsLogOpen)
       fEvents->BeginTable(fPages.size() - 1, fTableTitle, *shape.fLog);
-   fBody->BeginTable(shape);
+   GetPage().BeginTable(shape);
 }
 
 void THtmlReport::WriteRows(const TTableRows& rows)
 {
-   if (fCounter)
-      fCounter->OnRows(rows);
    if (fIsLogOpen)
       fEvents->AddRows(rows);
-   fBody->WriteRows(rows);
+   GetPage().WriteRows(rows);
 }
 
 void THtmlReport::EndTable()
 {
-   fBody->EndTable();
+   GetPage().EndTable();
    if (fIsLogOpen)
       fEvents->EndTable(fPages.back().fTableCount, fPages.back().fFiles.size() - 1);
    fIsLogOpen = false;
-   if (fCounter)
-      fCounter->OnTableEnd(fPages.back().fFiles.size() - 1, fPages.back().fTableCount);
 }

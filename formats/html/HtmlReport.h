@@ -9,6 +9,7 @@
 #include "common/EventLog.h"
 #include "common/PageNames.h"
 #include "common/ReportSink.h"
+#include "html/ComparedPage.h"
 #include "html/HtmlBody.h"
 #include "html/HtmlFrame.h"
 #include "html/HtmlOptions.h"
@@ -45,6 +46,7 @@ private:
    void ShowHealth(THtmlSite& site);
    void WriteOwnPage(const std::string& name,
                      const std::function<void(THtmlSink& out)>& write) const;
+   TPageSink& GetPage();
    void WriteFile(const std::string& name, std::string_view content) const;
 
    const THtmlOptions fOptions;
@@ -59,7 +61,7 @@ private:
    /// Missing: nothing in a comparison, and where nobody judged.
    std::optional<THealth> fHealth;
    /// Missing: empty unless it is a comparison.
-   std::optional<TDifferenceCounter> fCounter;
+   std::unique_ptr<TComparedPage> fCompared;
    /// Of the whole run. Missing: none in a comparison.
    std::optional<TEventLog> fEvents;
    /// The title that a table of the page would stand under.

@@ -59,6 +59,16 @@ std::vector<std::size_t> THtmlSystems::FindList(std::string_view labels) const
 
 void THtmlSystems::Write(THtmlSink& out, std::size_t system) const
 {
+   if (GetCount() <= kMostLabels)
+      return WriteWithLabel(out, system);
+   out << (system == 0 ? "<span class=\"sys base alone\" title=\""_html
+                       : "<span class=\"sys alone\" title=\""_html)
+       << TText{fLabels[system]} << "\" aria-hidden=\"true\">"_html << TText{GetLetter(system)}
+       << "</span><span class=\"vh\">"_html << TText{fLabels[system]} << "</span>"_html;
+}
+
+void THtmlSystems::WriteWithLabel(THtmlSink& out, std::size_t system) const
+{
    out << (system == 0 ? "<span class=\"sys base\""_html : "<span class=\"sys\""_html)
        << " aria-hidden=\"true\">"_html << TText{GetLetter(system)} << "</span>"_html
        << TText{fLabels[system]};

@@ -32,8 +32,12 @@ public:
    /// Missing: empty where a part is no label.
    std::vector<std::size_t> FindList(std::string_view labels) const;
 
-   /// Writes letter and label.
+   /// More systems than these are told by their letters alone.
+   static constexpr std::size_t kMostLabels = 8;
+
+   /// Writes letter and label; among many systems, the label is only read aloud.
    void Write(THtmlSink& out, std::size_t system) const;
+   void WriteWithLabel(THtmlSink& out, std::size_t system) const;
 
 private:
    std::vector<std::string> fLabels;

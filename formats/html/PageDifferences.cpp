@@ -1,6 +1,6 @@
 #include "html/PageDifferences.h"
 
-#include <map>
+#include <algorithm>
 
 namespace {
 
@@ -14,7 +14,31 @@ bool IsVersion(const std::string& property)
    return property.find("Version") != std::string::npos;
 }
 
+/// What most systems have, and who has another value. Of two systems, the base is most.
+/// Missing: false where all have the same or no value is that of most.
+bool FindOutlier(const std::vector<TOutlierValue>& values, std::size_t systems, TOutlier& found)
+{
+   const auto isMost = [systems](const TOutlierValue& value) {
+      return systems == 2 ? value.fSystems.front() == 0 : value.fSystems.size() * 2 > systems;
+   };
+   const auto most = std::find_if(values.begin(), values.end(), isMost);
+   if (most == values.end() || values.size() < 2)
+      return false;
+   found.fMajority = most->fText;
+   found.fMajorityCount = most->fSystems.size();
+   for (auto value = values.begin(); value != values.end(); ++value)
+      if (value != most)
+         found.fValues.push_back(*value);
+   return true;
+}
+
 }  // namespace
+
+std::size_t TOutlier::GetSystem() const
+{
+   const bool isOne = fValues.size() == 1 && fValues.front().fSystems.size() == 1;
+   return isOne ? fValues.front().fSystems.front() : THtmlSystems::kNone;
+}
 
 std::size_t TPageDifferences::FindApart() const
 {
@@ -111,71 +135,66 @@ void TDifferenceCounter::CompareColumns(const TTableRows& rows)
 void TDifferenceCounter::CompareColumn(const TTableRows& rows, std::size_t column,
                                        const std::vector<std::size_t>& rowOfSystem)
 {
-   const std::string_view base = rows.GetCell(rowOfSystem[0], column).fText;
-   std::map<std::string_view, std::vector<std::size_t>> systemsOf;
+   const TCell baseCell = rows.GetCell(rowOfSystem[0], column);
+   std::vector<TOutlierValue> values;
    for (std::size_t system = 0; system < rowOfSystem.size(); ++system) {
-      std::string_view text = base;
-      if (rowOfSystem[system] != kNoRow) {
-         const TCell cell = rows.GetCell(rowOfSystem[system], column);
-         text = cell.fSame ? base : cell.fText;
-      }
-      systemsOf[text].push_back(system);
+      TCell cell = baseCell;
+      if (rowOfSystem[system] != kNoRow)
+         cell = rows.GetCell(rowOfSystem[system], column);
+      const std::string_view text = cell.fSame ? baseCell.fText : cell.fText;
+      auto value = std::find_if(values.begin(), values.end(),
+                                [text](const TOutlierValue& at) { return at.fText == text; });
+      if (value == values.end())
+         value = values.insert(values.end(), {std::string(text), {}});
+      value->fSystems.push_back(system);
    }
-   if (systemsOf.size() != 2) {
-      fIsOneApart = false;
-      return;
-   }
-   const auto& [firstText, firstSystems] = *systemsOf.begin();
-   const auto& [lastText, lastSystems] = *systemsOf.rbegin();
-   // Of two systems, the one that is not the base.
-   const bool isFirstApart = firstSystems.size() == 1 && firstSystems.front() != 0;
-   const bool isBaseApart = systemsOf[base].size() == 1 && rowOfSystem.size() > 2;
-   const bool takesFirst = isBaseApart ? firstText == base : isFirstApart;
-   const std::vector<std::size_t>& apart = takesFirst ? firstSystems : lastSystems;
-   if (apart.size() != 1) {
-      fIsOneApart = false;
-      return;
-   }
-   if (fHasOutlier && fOutlier.fSystem != apart.front())
-      fIsOneApart = false;
    const std::string& property = fShape.fLabels[column];
-   if (fHasOutlier && (IsVersion(fOutlier.fProperty) || !IsVersion(property)))
+   const bool isWorse = fHasOutlier && (IsVersion(fOutlier.fProperty) || !IsVersion(property));
+   TOutlier found;
+   if (!FindOutlier(values, rowOfSystem.size(), found)) {
+      fIsOneApart = false;
       return;
-   fHasOutlier = true;
+   }
+   if (found.GetSystem() == THtmlSystems::kNone ||
+       (fHasOutlier && fOutlier.GetSystem() != found.GetSystem()))
+      fIsOneApart = false;
+   if (isWorse)
+      return;
+   TakeOutlier(found);
    fOutlier.fProperty = property;
-   fOutlier.fSystem = apart.front();
-   fOutlier.fMajority = takesFirst ? lastText : firstText;
-   fOutlier.fValue = takesFirst ? firstText : lastText;
 }
 
-/// One that alone lacks the instance, or alone has it.
+/// Most have the instance, or most lack it.
 void TDifferenceCounter::SetApartByPresence()
 {
    const bool isMissing = fKind == TComparedHeading::kMissing;
-   const std::size_t count = fSystems.GetCount();
-   std::vector<bool> has(count, isMissing);
+   std::vector<bool> has(fSystems.GetCount(), isMissing);
    for (const std::size_t system : fHeadingSystems)
       has[system] = !isMissing;
-   std::vector<std::size_t> present;
-   std::vector<std::size_t> absent;
-   for (std::size_t system = 0; system < count; ++system)
-      (has[system] ? present : absent).push_back(system);
-   const bool isPairOfBase = count == 2 && present.size() == 1 && present.front() == 0;
-   const bool isPresentApart = present.size() == 1 && !isPairOfBase;
-   fIsOneApart = isPresentApart || absent.size() == 1;
-   if (!fIsOneApart)
-      return;
+   // Of two systems, what the base has comes first.
+   std::vector<TOutlierValue> values = {{has.front() ? kPresent : kAbsent, {}},
+                                        {has.front() ? kAbsent : kPresent, {}}};
+   for (std::size_t system = 0; system < has.size(); ++system)
+      values[has[system] == has.front() ? 0 : 1].fSystems.push_back(system);
+   TOutlier found;
+   if (FindOutlier(values, has.size(), found))
+      TakeOutlier(found);
+   fIsOneApart = fHasOutlier && fOutlier.GetSystem() != THtmlSystems::kNone;
+}
+
+void TDifferenceCounter::TakeOutlier(TOutlier& found)
+{
    fHasOutlier = true;
-   fOutlier.fSystem = isPresentApart ? present.front() : absent.front();
-   fOutlier.fMajority = isPresentApart ? kAbsent : kPresent;
-   fOutlier.fValue = isPresentApart ? kPresent : kAbsent;
+   fOutlier.fMajority = std::move(found.fMajority);
+   fOutlier.fMajorityCount = found.fMajorityCount;
+   fOutlier.fValues = std::move(found.fValues);
 }
 
 void TDifferenceCounter::FinishInstance()
 {
    if (fKind != TComparedHeading::kOther && fHasOutlier) {
       if (fIsOneApart)
-         ++fPage.fApart[fOutlier.fSystem];
+         ++fPage.fApart[fOutlier.GetSystem()];
       if (fPage.fOutliers.size() < TPageDifferences::kMostOutliers) {
          fOutlier.fSection = fSection;
          fPage.fOutliers.push_back(fOutlier);

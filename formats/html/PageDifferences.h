@@ -7,7 +7,14 @@
 #include "common/ReportSink.h"
 #include "html/HtmlSystems.h"
 
-/// One thing in which one system stands apart from all others.
+/// A value that is not that of most systems, and who has it.
+struct TOutlierValue
+{
+   std::string fText;
+   std::vector<std::size_t> fSystems;
+};
+
+/// One thing in which most systems agree and some stand apart. Of two systems, the base is most.
 struct TOutlier
 {
    /// The instance, as its first value names it, and the title it stands under.
@@ -16,11 +23,15 @@ struct TOutlier
    /// Missing: empty where the instance itself is missing or unique.
    std::string fProperty;
    std::string fMajority;
-   std::string fValue;
-   std::size_t fSystem = 0;
+   /// How many systems have it.
+   std::size_t fMajorityCount = 0;
+   std::vector<TOutlierValue> fValues;
    /// Where on the page.
    std::size_t fFile = 0;
    unsigned fTable = 0;
+
+   /// The one system that stands apart. Missing: THtmlSystems::kNone where several do.
+   std::size_t GetSystem() const;
 };
 
 /// What differs on a page. Units: instances.
@@ -64,6 +75,7 @@ private:
    void CompareColumns(const TTableRows& rows);
    void CompareColumn(const TTableRows& rows, std::size_t column,
                       const std::vector<std::size_t>& rowOfSystem);
+   void TakeOutlier(TOutlier& found);
    void SetApartByPresence();
    void FinishInstance();
 

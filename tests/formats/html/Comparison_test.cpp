@@ -167,3 +167,48 @@ TEST(Comparison, OneOfManyStandsApart)
    EXPECT_THAT(pages.Read("index.html"), HasSubstr("no single outlier"));
    EXPECT_THAT(pages.Read("index.html"), Not(HasSubstr(">own of b</a>")));
 }
+
+TEST(Comparison, AnItemIsNeverBothMissingAndUnique)
+{
+   TComparedPages pages({"a", "b", "c"});
+   const auto add = [&pages](const char* heading, const TTexts& values) {
+      pages.GetFlow().WriteTableTitle({heading, true, true});
+      TTableGrid grid = MakeGrid({{"User", "Group", "Host"}, values}, true, false);
+      grid.fMarked = true;
+      pages.GetFlow().WriteGrid(grid);
+   };
+   add("Missing from b, c", {"root", "wheel", ""});
+   add("Missing from b, c", {"anna", "staff", ""});
+   add("Unique to b", {"root", "wheel", ""});
+   add("Unique to c", {"root", "wheel", ""});
+   add("Unique to c", {"anna", "staff", ""});
+   pages.GetFlow().WriteTableTitle({"Hosts", false, false});
+   add("Missing from b, c", {"root", "wheel", "h1"});
+   add("Unique to b", {"root", "wheel", "h2"});
+   add("Unique to c", {"root", "wheel", "h3"});
+   pages.End();
+   const std::string page = pages.Read("disks.html");
+   EXPECT_EQ("", FindUnbalancedTag(page));
+   EXPECT_THAT(page, HasSubstr("<p class=\"page-meta\">1 differs, 1 missing.</p>"));
+   EXPECT_THAT(page, HasSubstr("The same on all systems, each under a key of its own: root."));
+   EXPECT_THAT(page, HasSubstr("Missing from <span class=\"sys\" aria-hidden=\"true\">B</span>b"))
+      << "anna is on two systems";
+   EXPECT_THAT(page, Not(HasSubstr("Unique to")));
+   EXPECT_THAT(page, HasSubstr("<td class=\"changed\">h2</td>"));
+   EXPECT_THAT(page, Not(HasSubstr("<td class=\"changed\">wheel")));
+}
+
+TEST(Comparison, TheMajorityIsToldWithAllWhoHaveAnotherValue)
+{
+   TComparedPages pages({"a", "b", "c", "d", "e"});
+   pages.AddDifference("bios", {{"Data Source", "Version"}, {"a", "1"}, {"c", "2"}, {"e", "3"}});
+   pages.End();
+   const std::string front = pages.Read("index.html");
+   EXPECT_EQ("", FindUnbalancedTag(front));
+   EXPECT_THAT(front,
+               HasSubstr("<td class=\"majority\" rowspan=\"2\">1</td><td class=\"num "
+                         "majority\" rowspan=\"2\">3 of 5</td><td class=\"outlier\">2</td>"));
+   EXPECT_THAT(front, HasSubstr("<td class=\"outlier\">3</td><td class=\"on one\"><span "
+                                "class=\"sys\" aria-hidden=\"true\">E</span>e"));
+   EXPECT_THAT(front, HasSubstr("no single outlier"));
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "common/ReportIndex.h"
@@ -14,6 +15,9 @@ struct TTableTitle
    bool fIsSubTitle = false;
    /// The title says what differs between systems.
    bool fIsEmphasised = false;
+   /// In a comparison: how many instances stand below that are the same in all collections. Nothing
+   /// else follows on the page. Missing: 0 for what differs.
+   std::uint64_t fSameItems = 0;
 };
 
 /// What stands on a page, in order.
@@ -51,6 +55,9 @@ public:
    virtual void TakeHealth(THealth /*health*/) {}
 
    virtual void EndRun(const TReportIndex& index) = 0;
+
+   /// Whether the pages of a comparison shall list what is the same, too.
+   virtual bool WantsSameItems() const { return false; }
 
    virtual ~TReportSink() = default;
 };

@@ -1,6 +1,7 @@
 #include "common/TSinkWriter.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "common/ByteDump.h"
 #include "common/ReadRunFacts.h"
@@ -82,6 +83,9 @@ void TSinkWriter::Initialize(boost::shared_ptr<ICIMNamespace> cimNamespace, TCon
    TRunFacts facts = ReadRunFacts(fNamespace);
    MakeLabelsDistinct(fNamespaceLabels, fComparedFiles);
    facts.fComparedSystems = ReadComparedSystems(fNamespace, fNamespaceLabels, fComparedFiles);
+   fSameItems.reset();
+   if (facts.IsComparison() && fSink->WantsSameItems())
+      fSameItems.emplace(fNamespace, fMode, params.count("KMC") != 0);
    fJudge.emplace(*fSink, fGetLabel);
    fJudge->SetSensorLimits(ReadSensorLimits(fNamespace));
    fFlow.emplace(*fJudge, LogNotice);
@@ -163,13 +167,30 @@ void TSinkWriter::WriteLogTable(TReportClass reportClass, const TInstances& inst
 void TSinkWriter::OpenReportFile(std::string path)
 {
    fTableTitle.clear();
+   fLinkName = path.substr(std::min(path.size(), fOutputDirectory.size() + 1));
    fFlow->OpenReportFile(path);
 }
 
 void TSinkWriter::CloseReportFile()
 {
    fIsCadenzaPage = false;
+   WriteSameItems();
    fFlow->CloseReportFile();
+}
+
+/// Below what differs, the tables as a report of the base has them.
+void TSinkWriter::WriteSameItems()
+{
+   if (!fSameItems || fLinkName.empty())
+      return;
+   // A second closing of the page is none.
+   for (TSameItems::TTable& table : fSameItems->Find(std::exchange(fLinkName, {}))) {
+      fTableTitle = table.fClass.HasTitle() ? table.fClass.GetTitle() : "";
+      fFlow->WriteTableTitle({fTableTitle, true, false, table.fInstances.size()});
+      table.fClass.ClearTitle();
+      WriteTable(table.fClass, std::move(table.fInstances), true, false,
+                 {{NZANQSX20::kNamespaceIndexKey, TCIMValue(static_cast<unsigned short>(0))}});
+   }
 }
 
 void TSinkWriter::EndReportBody()

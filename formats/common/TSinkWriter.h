@@ -6,6 +6,7 @@
 
 #include "common/RecordZones.h"
 #include "common/ReportFlow.h"
+#include "common/SameItems.h"
 #include "common/health/HealthJudge.h"
 #include "writer/TWriter.h"
 #include "writer/ValueText.h"
@@ -90,6 +91,7 @@ private:
    void WriteLogTable(TReportClass reportClass, const TInstances& instances);
    void WriteLabel(const std::string& label, const TReportProperty& property);
    void WriteValue(const std::string& text, const std::string& untranslated, bool isMonospaced);
+   void WriteSameItems();
    std::optional<TLogColumns> CompleteLog(const TLogTable& log, std::optional<TLogColumns> columns);
    void TakeLogColumns();
    std::string ReadLabel(const std::string& className, const std::string& property);
@@ -111,6 +113,11 @@ private:
 
    /// The last title that is no sub-title.
    std::string fTableTitle;
+
+   /// Missing: empty unless it is a comparison whose format lists what is the same.
+   std::optional<TSameItems> fSameItems;
+   /// Of the page at hand.
+   std::string fLinkName;
 
    /// By class and property.
    std::map<std::string, std::shared_ptr<TRecordZones>> fZones;

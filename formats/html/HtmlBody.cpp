@@ -1,5 +1,12 @@
 #include "html/HtmlBody.h"
 
+namespace {
+
+constexpr TMarkup kWholeBegin = "<div class=\"whole\">\n"_html;
+constexpr TMarkup kWholeEnd = "</div>\n"_html;
+
+}  // namespace
+
 THtmlBody::THtmlBody(TOutputFile& spool, THtmlPage& page, TRowFiles& rowFiles,
                      const THtmlSystems& systems)
    : fOut(spool), fPage(page), fBody(spool, page), fRowFiles(rowFiles), fSystems(systems)
@@ -18,6 +25,8 @@ void THtmlBody::WriteReportTitle(const std::string& title, const std::string& li
 
 void THtmlBody::WriteTableTitle(const TTableTitle& title)
 {
+   if (title.fSameItems > 0 && !fIsWholeOpen)
+      BeginWhole();
    // Nothing to head a table with.
    if (IsBlank(title.fText))
       return;
@@ -78,6 +87,7 @@ void THtmlBody::Finish()
       fOut << "<p class=\"none\">Nothing differs.</p>\n"_html;
    else if (!fHasContent)
       fOut << "<p class=\"none\">No data.</p>\n"_html;
+   fOut << (fIsWholeOpen ? kWholeEnd : ""_html);
    fBody.Finish();
 }
 
@@ -99,8 +109,32 @@ void THtmlBody::BeginNextFileWhenFull()
    if (fBody.GetFileBytes() < THtmlTable::kBytesBeforeTable)
       return;
    CloseGroup();
+   fOut << (fIsWholeOpen ? kWholeEnd : ""_html);
    fBody.NextFile();
+   fOut << (fIsWholeOpen ? kWholeBegin : ""_html);
    fFileHasMainTitle = false;
+}
+
+/// From here to its end the page shows what is the same, while the reader wants it.
+void THtmlBody::BeginWhole()
+{
+   CloseGroup();
+   if (fWaiting)
+      WriteTitleWithoutTable(true);
+   if (!fHasContent)
+      fOut << "<p class=\"none\">Nothing differs.</p>\n"_html;
+   BeginNextFileWhenFull();
+   fOut
+      << kWholeBegin
+      << "<div class=\"block-head alone\"><h2 id=\"same\">The same on all systems</h2></div>\n"_html;
+   fIsWholeOpen = true;
+   fMainTitle = "The same on all systems";
+   ListTitle("same");
+   fMainLabels.clear();
+   fSubTitle.reset();
+   fTablesUnderTitle = 0;
+   fFileHasMainTitle = true;
+   fHasContent = true;
 }
 
 void THtmlBody::WriteTitleWithoutTable(bool isEmpty)

@@ -30,6 +30,7 @@ public:
 
 private:
    void BeginNextFileWhenFull();
+   void BeginWhole();
    void WriteTitleWithoutTable(bool isEmpty);
    void OpenTable();
    void ListTitle(const std::string& anchor);
@@ -47,6 +48,8 @@ private:
    /// Missing: empty until the table has a row.
    std::unique_ptr<THtmlTable> fTable;
    bool fIsGroupOpen = false;
+   /// What is the same in all collections of a comparison stands there.
+   bool fIsWholeOpen = false;
    bool fGroupHasSwitch = false;
    bool fHasContent = false;
    bool fHasPageTitle = false;

@@ -1,30 +1,11 @@
 #include "html/HtmlComparison.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 
+#include "html/HtmlOutliers.h"
+
 namespace {
-
-constexpr std::size_t kMostOutliers = 10;
-// Units: bytes. The page that the line leads to has the whole text.
-constexpr std::size_t kLongestValue = 120;
-constexpr std::size_t kMostValues = 4;
-/// So that one report does not fill the list alone.
-constexpr std::size_t kFirstOutliers = 2;
-
-/// What to look at first: firmware, hardware and settings. Processes come and go.
-constexpr std::array<std::string_view, 6> kFirstPages = {
-   "firmware", "hw_info", "pci_info", "net", "system_overview", "os_config"};
-constexpr std::string_view kLastPage = "processes";
-
-std::size_t GetRank(const THtmlPage& page)
-{
-   if (page.fLinkName == kLastPage)
-      return kFirstPages.size() + 1;
-   return static_cast<std::size_t>(
-      std::find(kFirstPages.begin(), kFirstPages.end(), page.fLinkName) - kFirstPages.begin());
-}
 
 /// A report of the index with what differs in it. Missing: no page, nothing differs.
 struct TComparedReport
@@ -33,12 +14,8 @@ struct TComparedReport
    const THtmlPage* fPage;
 
    std::uint64_t GetCount() const { return fPage == nullptr ? 0 : fPage->fDifferences.GetCount(); }
-};
 
-struct TShownOutlier
-{
-   const THtmlPage* fPage;
-   const TOutlier* fOutlier;
+   std::uint64_t GetSame() const { return fPage == nullptr ? 0 : fPage->fDifferences.fSame; }
 };
 
 class TComparisonPage
@@ -49,7 +26,9 @@ public:
    {
       for (const TReportIndex::TGroup& group : site.fIndex.GetGroups())
          for (const TReportIndex::TEntry& entry : group.fEntries)
-            fReports.push_back({&entry, entry.IsLinked() ? &site.fPages[entry.fPage] : nullptr});
+            fReports.push_back({&entry, entry.fPage != TReportIndex::kNoPage
+                                           ? &site.fPages[entry.fPage]
+                                           : nullptr});
       std::stable_sort(fReports.begin(), fReports.end(),
                        [](const TComparedReport& a, const TComparedReport& b) {
                           return a.GetCount() > b.GetCount();
@@ -64,13 +43,24 @@ public:
       WriteFrameBegin(fOut, fSite, fSite.fFacts.GetName(), kFrontPageFile);
       WriteHead();
       WriteSystems();
-      WriteOutliers();
+      std::vector<const THtmlPage*> pages;
+      for (const TComparedReport& report : fReports)
+         if (report.fPage != nullptr)
+            pages.push_back(report.fPage);
+      WriteOutliers(fOut, fSystems, pages);
       WriteReports();
       WriteFrameEnd(fOut, fSite, "");
    }
 
 private:
    bool HasMajority() const { return fSystems.GetCount() > 2; }
+
+   std::uint64_t CountWithData() const
+   {
+      return static_cast<std::uint64_t>(std::count_if(
+         fReports.begin(), fReports.end(),
+         [](const TComparedReport& report) { return report.GetCount() + report.GetSame() > 0; }));
+   }
 
    std::uint64_t CountReportsApart(std::size_t system) const
    {
@@ -87,8 +77,8 @@ private:
       if (fDiffering == 0)
          fOut << "No report differs"_html;
       else
-         fOut << TCount{fDiffering} << " of "_html << TCount{fReports.size()}
-              << (fReports.size() == 1 ? " report differs"_html : " reports differ"_html);
+         fOut << TCount{fDiffering} << " of "_html << TCount{CountWithData()}
+              << (CountWithData() == 1 ? " report differs"_html : " reports differ"_html);
       fOut << "</h1>\n<p class=\"apart\">"_html;
       HasMajority() ? WriteWhoStandsApart() : WriteTotals();
       fOut << "</p>\n</header>\n"_html;
@@ -172,178 +162,18 @@ private:
       fOut << "</tr>\n"_html;
    }
 
-   /// Whether several systems each have an instance that the others lack under the same title: then
-   /// it is their names that differ, which says little.
-   bool IsNamedApart(const std::vector<TOutlier>& outliers, const TOutlier& outlier) const
-   {
-      return HasMajority() && outlier.fProperty.empty() &&
-             std::any_of(outliers.begin(), outliers.end(), [&](const TOutlier& other) {
-                return other.fProperty.empty() && other.fSection == outlier.fSection &&
-                       other.GetSystem() != outlier.GetSystem();
-             });
-   }
-
-   std::vector<TShownOutlier> ChooseOutliers() const
-   {
-      std::vector<const THtmlPage*> pages;
-      for (const TComparedReport& report : fReports)
-         if (report.fPage != nullptr)
-            pages.push_back(report.fPage);
-      std::stable_sort(pages.begin(), pages.end(), [](const THtmlPage* a, const THtmlPage* b) {
-         return GetRank(*a) < GetRank(*b);
-      });
-      std::vector<TShownOutlier> chosen;
-      const auto take = [&](std::size_t begin, std::size_t end) {
-         for (const THtmlPage* page : pages) {
-            const std::vector<TOutlier>& outliers = page->fDifferences.fOutliers;
-            for (std::size_t i = begin; i < std::min(end, outliers.size()); ++i)
-               if (chosen.size() < kMostOutliers && !IsNamedApart(outliers, outliers[i]))
-                  chosen.push_back({page, &outliers[i]});
-         }
-      };
-      take(0, kFirstOutliers);
-      take(kFirstOutliers, kMostOutliers);
-      std::stable_sort(chosen.begin(), chosen.end(),
-                       [](const TShownOutlier& a, const TShownOutlier& b) {
-                          return GetRank(*a.fPage) < GetRank(*b.fPage);
-                       });
-      return chosen;
-   }
-
-   void WriteOutliers()
-   {
-      const std::vector<TShownOutlier> chosen = ChooseOutliers();
-      if (chosen.empty())
-         return;
-      fOut << "<section>\n<div class=\"section-head\"><h2 id=\"apart\">"_html
-           << (HasMajority() ? "Where a system stands apart"_html : "Where they differ"_html)
-           << (HasMajority()
-                  ? "</h2><p>What most systems share, and who has another value. At most "
-                    "ten lines; firmware, hardware and settings first.</p></div>"_html
-                  : "</h2><p>At most ten lines; firmware, hardware and settings "
-                    "first.</p></div>"_html)
-           << "\n"
-              "<div class=\"scroll\" role=\"group\" tabindex=\"0\" aria-labelledby=\"apart\">\n"
-              "<table class=\"compare\">\n<thead><tr><th scope=\"col\">Item</th>"
-              "<th scope=\"col\">Property</th>"_html;
-      if (HasMajority())
-         fOut << "<th scope=\"col\">Majority</th><th scope=\"col\" class=\"num\">Systems</th>"
-                 "<th scope=\"col\">Outlier</th><th scope=\"col\">On</th>"_html;
-      else
-         for (const std::size_t system : {0, 1}) {
-            fOut << "<th scope=\"col\">"_html;
-            fSystems.Write(fOut, system);
-            fOut << "</th>"_html;
-         }
-      fOut << "</tr></thead>\n<tbody>\n"_html;
-      for (const TShownOutlier& outlier : chosen)
-         WriteOutlier(*outlier.fPage, *outlier.fOutlier);
-      fOut << "</tbody>\n</table>\n</div>\n</section>\n"_html;
-   }
-
-   void WriteOutlier(const THtmlPage& page, const TOutlier& outlier)
-   {
-      const std::string& section = outlier.fSection.empty() ? page.fTitle : outlier.fSection;
-      fOut << "<tr><th scope=\"row\""_html;
-      WriteRowSpan(outlier);
-      fOut << "><a href=\""_html << TFileUrl{page.GetFileName(outlier.fFile)} << "#t"_html
-           << TNumber{outlier.fTable} << "\">"_html
-           << TText{outlier.fItem.empty() ? section : outlier.fItem} << "</a>"_html;
-      if (!outlier.fItem.empty() && outlier.fItem != section)
-         fOut << " <small>"_html << TText{section} << "</small>"_html;
-      fOut << "</th><td"_html;
-      WriteRowSpan(outlier);
-      fOut << ">"_html << TText{outlier.fProperty} << "</td><td class=\"majority\""_html;
-      WriteRowSpan(outlier);
-      fOut << ">"_html;
-      WriteValue(outlier.fMajority, outlier.fValues.front().fText);
-      fOut << "</td>"_html;
-      if (HasMajority()) {
-         fOut << "<td class=\"num majority\""_html;
-         WriteRowSpan(outlier);
-         fOut << ">"_html << TCount{outlier.fMajorityCount} << " of "_html
-              << TCount{fSystems.GetCount()} << "</td>"_html;
-      }
-      for (std::size_t i = 0; i < CountShownValues(outlier); ++i) {
-         fOut << (i > 0 ? "</tr>\n<tr class=\"more\">"_html : ""_html);
-         WriteOutlierValue(outlier, i);
-      }
-      fOut << "</tr>\n"_html;
-   }
-
-   static std::size_t CountShownValues(const TOutlier& outlier)
-   {
-      return std::min(kMostValues, outlier.fValues.size());
-   }
-
-   void WriteRowSpan(const TOutlier& outlier)
-   {
-      if (CountShownValues(outlier) > 1)
-         fOut << " rowspan=\""_html << TNumber{CountShownValues(outlier)} << "\""_html;
-   }
-
-   void WriteOutlierValue(const TOutlier& outlier, std::size_t number)
-   {
-      const TOutlierValue& value = outlier.fValues[number];
-      fOut << "<td class=\"outlier\">"_html;
-      WriteValue(value.fText, outlier.fMajority);
-      const std::size_t left = outlier.fValues.size() - number - 1;
-      if (number + 1 == kMostValues && left > 0)
-         fOut << " <small>and "_html << TCount{left}
-              << (left == 1 ? " more value</small>"_html : " more values</small>"_html);
-      fOut << "</td>"_html;
-      if (!HasMajority())
-         return;
-      fOut << (value.fSystems.size() == 1 ? "<td class=\"on one\">"_html
-                                          : "<td class=\"on\">"_html);
-      for (const std::size_t system : value.fSystems) {
-         fSystems.Write(fOut, system);
-         fOut << " "_html;
-      }
-      fOut << "</td>"_html;
-   }
-
-   /// Of a text of several lines, the first one that differs from the other text.
-   void WriteValue(const std::string& value, const std::string& other)
-   {
-      std::uint64_t line = 1;
-      std::size_t begin = 0;
-      const std::size_t common = std::min(value.size(), other.size());
-      for (std::size_t i = 0; i < common && value[i] == other[i]; ++i)
-         if (value[i] == '\n') {
-            ++line;
-            begin = i + 1;
-         }
-      if (value.find('\n') != std::string::npos || other.find('\n') != std::string::npos)
-         fOut << "line "_html << TCount{line} << ": "_html;
-      WriteShort(value.substr(begin, value.find('\n', begin) - begin));
-   }
-
-   void WriteShort(const std::string& text)
-   {
-      if (IsBlank(text))
-         fOut << "no value"_html;
-      else if (text.size() <= kLongestValue)
-         fOut << TText{text};
-      else {
-         std::size_t end = kLongestValue;
-         while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
-            --end;
-         fOut << TText{std::string_view(text).substr(0, end)} << "\u2026"_html;
-      }
-   }
-
    void WriteReports()
    {
       fOut << "<section>\n"_html;
       if (fDiffering > 0) {
          fOut << "<div class=\"section-head\"><h2 id=\"index\">Reports, most different first</h2>"
-                 "<p>Counts are instances; the longest bar is the report with the most.</p></div>\n"
+                 "<p>Counts are instances; the bar shows their share of all.</p></div>\n"
                  "<div class=\"scroll\" role=\"group\" tabindex=\"0\" aria-labelledby=\"index\">\n"
                  "<table class=\"compare reports\">\n<thead><tr><th scope=\"col\">Report</th>"
-                 "<th scope=\"col\" class=\"c-bar\">Differences</th>"
+                 "<th scope=\"col\" class=\"c-bar\">Share</th>"
                  "<th scope=\"col\" class=\"num\">Differ</th><th scope=\"col\" "
                  "class=\"num\">Missing</th><th scope=\"col\" class=\"num\">Unique</th>"
+                 "<th scope=\"col\" class=\"num\">Same</th>"
                  "<th scope=\"col\">Verdict</th></tr></thead>\n<tbody>\n"_html;
          for (const TComparedReport& report : fReports)
             if (report.GetCount() > 0)
@@ -352,6 +182,7 @@ private:
          WriteLegend();
       }
       WriteAlike();
+      WriteEmpty();
       fOut << "</section>\n"_html;
    }
 
@@ -366,6 +197,7 @@ private:
       WriteNumber(differences.fDiffer, "differ"_html);
       WriteNumber(differences.fMissing, "missing"_html);
       WriteNumber(differences.fUnique, "unique"_html);
+      WriteNumber(differences.fSame, "same"_html);
       fOut << "<td>"_html;
       WriteVerdict(differences);
       fOut << "</td></tr>\n"_html;
@@ -381,20 +213,23 @@ private:
    {
       fOut << "<svg class=\"bar\" role=\"img\" aria-label=\""_html;
       WriteDifferenceCounts(fOut, differences);
-      fOut << "\"><rect class=\"f-track\" width=\"100%\" height=\"12\"/>"_html;
+      fOut << " of "_html << TCount{differences.GetCount() + differences.fSame}
+           << "\"><rect class=\"f-track\" width=\"100%\" height=\"12\"/>"_html;
+      const std::uint64_t whole = differences.GetCount() + differences.fSame;
       std::uint64_t before = 0;
-      WriteBarPart("<rect class=\"f-diff\" height=\"12\""_html, before, differences.fDiffer);
-      WriteBarPart("<rect class=\"f-ink\" height=\"12\""_html, before, differences.fMissing);
+      WriteBarPart("<rect class=\"f-diff\" height=\"12\""_html, before, differences.fDiffer, whole);
+      WriteBarPart("<rect class=\"f-ink\" height=\"12\""_html, before, differences.fMissing, whole);
       WriteBarPart("<rect class=\"f-outline\" y=\"0.75\" height=\"10.5\""_html, before,
-                   differences.fUnique);
+                   differences.fUnique, whole);
       fOut << "</svg>"_html;
    }
 
-   void WriteBarPart(TMarkup begin, std::uint64_t& before, std::uint64_t count)
+   void WriteBarPart(TMarkup begin, std::uint64_t& before, std::uint64_t count,
+                     std::uint64_t wholeCount)
    {
       if (count == 0)
          return;
-      const auto whole = static_cast<double>(fReports.front().GetCount());
+      const auto whole = static_cast<double>(wholeCount);
       fOut << begin << " x=\""_html;
       WritePercent(static_cast<double>(before) / whole);
       fOut << "\" width=\""_html;
@@ -442,28 +277,39 @@ private:
    void WriteLegend()
    {
       constexpr TMarkup kBegin = "<svg class=\"swatch\" aria-hidden=\"true\"><rect class=\""_html;
-      fOut << "<p class=\"legend\">"_html << kBegin
-           << "f-diff\" width=\"100%\" height=\"12\"/></svg> differ "_html << kBegin
-           << "f-ink\" width=\"100%\" height=\"12\"/></svg> missing from a system "_html << kBegin
-           << "f-outline\" x=\"1\" y=\"0.75\" width=\"22\" height=\"10.5\"/></svg> unique to a "
-              "system</p>\n"_html;
+      fOut
+         << "<p class=\"legend\">"_html << kBegin
+         << "f-diff\" width=\"100%\" height=\"12\"/></svg> differ "_html << kBegin
+         << "f-ink\" width=\"100%\" height=\"12\"/></svg> missing from a system "_html << kBegin
+         << "f-outline\" x=\"1\" y=\"0.75\" width=\"22\" height=\"10.5\"/></svg> unique to a system "_html
+         << kBegin
+         << "f-track\" width=\"100%\" height=\"12\"/></svg> the same everywhere</p>\n"_html;
    }
 
-   /// A report that has no data on any system can't be told from one that has the same.
    void WriteAlike()
    {
-      if (fDiffering == fReports.size())
-         return;
-      fOut << "<p class=\"same-line\">Nothing differs in "_html;
       bool isFirst = true;
-      for (const TComparedReport& report : fReports) {
-         if (report.GetCount() > 0)
-            continue;
-         fOut << (isFirst ? ""_html : ", "_html) << "<bdi>"_html
-              << TText{GetShownName(*report.fEntry)} << "</bdi>"_html;
-         isFirst = false;
-      }
-      fOut << ".</p>\n"_html;
+      for (const TComparedReport& report : fReports)
+         if (report.GetCount() == 0 && report.GetSame() > 0) {
+            fOut << (isFirst ? "<p class=\"same-line\">Identical on all systems: "_html : ", "_html)
+                 << "<a href=\""_html << TFileUrl{report.fPage->GetFileName(0)} << "\"><bdi>"_html
+                 << TText{GetShownName(*report.fEntry)} << "</bdi></a> ("_html
+                 << TCount{report.GetSame()} << ")"_html;
+            isFirst = false;
+         }
+      fOut << (isFirst ? ""_html : ".</p>\n"_html);
+   }
+
+   void WriteEmpty()
+   {
+      bool isFirst = true;
+      for (const TComparedReport& report : fReports)
+         if (report.GetCount() + report.GetSame() == 0) {
+            fOut << (isFirst ? "<p class=\"same-line\">No data to compare: "_html : ", "_html)
+                 << "<bdi>"_html << TText{GetShownName(*report.fEntry)} << "</bdi>"_html;
+            isFirst = false;
+         }
+      fOut << (isFirst ? ""_html : ".</p>\n"_html);
    }
 
    THtmlSink& fOut;

@@ -24,14 +24,14 @@ void WriteSideEntry(THtmlSink& out, const THtmlSite& site, const TReportIndex::T
    const bool hasPage = entry.fPage != TReportIndex::kNoPage;
    const std::string file = hasPage ? site.fPages[entry.fPage].GetFileName(0) : "";
    const TMarkup current = MarkCurrent(hasPage && file == currentFile);
-   if (entry.IsLinked())
+   if (site.IsLinked(entry))
       out << "<li><a href=\""_html << TFileUrl{file} << "\""_html << current << ">"_html
           << TText{name} << "</a>"_html;
    else
       out << "<li class=\"empty\"><span"_html << current << ">"_html << TText{name}
           << "</span>"_html;
    out << "<span class=\"num\">"_html;
-   if (entry.IsLinked())
+   if (site.IsLinked(entry))
       WriteStateGlyph(out, site.fPages[entry.fPage].fState);
    WriteRowCount(out, site, entry);
    out << "</span></li>\n"_html;
@@ -116,7 +116,27 @@ void WriteSideBar(THtmlSink& out, const THtmlSite& site, const std::string& curr
    out << "</nav>\n"_html;
 }
 
+void WriteDifferenceCount(THtmlSink& out, const THtmlSite& site, const TReportIndex::TEntry& entry)
+{
+   const bool hasPage = entry.fPage != TReportIndex::kNoPage;
+   const std::uint64_t count =
+      entry.IsLinked() ? site.fPages[entry.fPage].fDifferences.GetCount() : 0;
+   if (count > 0)
+      out << TCount{count};
+   else if (hasPage && site.fPages[entry.fPage].fDifferences.fSame > 0)
+      out << "same"_html;
+   else
+      out << "no data"_html;
+}
+
 }  // namespace
+
+/// In a comparison a report without differences has no data, but may have what is the same.
+bool THtmlSite::IsLinked(const TReportIndex::TEntry& entry) const
+{
+   const bool hasPage = entry.fPage != TReportIndex::kNoPage;
+   return entry.IsLinked() || (hasPage && fPages[entry.fPage].fDifferences.fSame > 0);
+}
 
 std::uint64_t THtmlSite::GetRows(const TReportIndex::TEntry& entry) const
 {
@@ -162,7 +182,7 @@ std::string GetShownName(const TReportIndex::TEntry& entry)
 void WriteRowCount(THtmlSink& out, const THtmlSite& site, const TReportIndex::TEntry& entry)
 {
    if (!site.fSystems.IsEmpty())
-      out << TCount{entry.IsLinked() ? site.fPages[entry.fPage].fDifferences.GetCount() : 0};
+      WriteDifferenceCount(out, site, entry);
    else if (entry.fHasData && entry.fPage == TReportIndex::kNoPage)
       out << "no page"_html;
    else if (!entry.IsLinked() || site.GetRows(entry) == 0)

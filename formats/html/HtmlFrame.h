@@ -35,6 +35,9 @@ struct THtmlSite
    /// In the order of the side bar, the front page not among them.
    std::vector<THtmlOwnPage> fOwnPages = {};
 
+   /// Whether readers are led to the page of an entry: it shows something.
+   bool IsLinked(const TReportIndex::TEntry& entry) const;
+
    /// Number of rows of an entry's page.
    std::uint64_t GetRows(const TReportIndex::TEntry& entry) const;
 };

@@ -34,6 +34,8 @@ public:
 
    void EndRun(const TReportIndex& index) override;
 
+   bool WantsSameItems() const override { return true; }
+
    void WriteReportTitle(const std::string& title, const std::string& linkText,
                          const std::string& linkTarget) override;
    void WriteTableTitle(const TTableTitle& title) override;

@@ -72,6 +72,7 @@ private:
          fOut << " class=\"vh\""_html;
       fOut << ">"_html << TText{GetTitle()} << "</h1>"_html;
       WriteTitleLink();
+      WriteWholeSwitch();
       fOut << "</div>\n<p class=\"page-meta\">"_html;
       if (!fSite.fSystems.IsEmpty())
          return WriteDifferences();
@@ -83,12 +84,26 @@ private:
       fOut << "</p>\n</header>\n"_html;
    }
 
+   /// Works without scripts: the style sheet asks for the switch. A page on which nothing differs
+   /// shows what is the same from the start.
+   void WriteWholeSwitch()
+   {
+      if (fSite.fSystems.IsEmpty() || fPage.fDifferences.GetCount() + fPage.fDifferences.fSame == 0)
+         return;
+      fOut << "<label class=\"switch whole-switch\"><input type=\"checkbox\" "
+              "class=\"only-differs\""_html
+           << (fPage.fDifferences.GetCount() > 0 ? " checked"_html : ""_html)
+           << "> Only what differs</label>"_html;
+   }
+
    void WriteDifferences()
    {
       if (fPage.fDifferences.GetCount() > 0)
          WriteDifferenceCounts(fOut, fPage.fDifferences);
       else
          fOut << "Nothing differs"_html;
+      if (fPage.fDifferences.fSame > 0)
+         fOut << ", "_html << TCount{fPage.fDifferences.fSame} << " the same"_html;
       fOut << ".</p>\n</header>\n"_html;
    }
 

@@ -57,6 +57,7 @@ TDifferenceCounter::TDifferenceCounter(const THtmlSystems& systems, TPageDiffere
 void TDifferenceCounter::OnTitle(const TTableTitle& title)
 {
    FinishInstance();
+   fPage.fSame += title.fSameItems;
    if (!title.fIsSubTitle || !title.fIsEmphasised) {
       fSection = title.fText;
       return;

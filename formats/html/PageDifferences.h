@@ -43,6 +43,8 @@ struct TPageDifferences
    std::uint64_t fDiffer = 0;
    std::uint64_t fMissing = 0;
    std::uint64_t fUnique = 0;
+   /// Not counted with them: what the base has and nobody lacks or has otherwise.
+   std::uint64_t fSame = 0;
    /// How many of them set one system apart, by system.
    std::vector<std::uint64_t> fApart;
    std::vector<TOutlier> fOutliers;

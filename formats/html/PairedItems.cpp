@@ -54,7 +54,7 @@ void TPairedItems::WriteReportTitle(const std::string& title, const std::string&
 void TPairedItems::WriteTableTitle(const TTableTitle& title)
 {
    if (!title.fIsSubTitle || !title.fIsEmphasised) {
-      if (fIsItemOpen && title.fIsSubTitle) {
+      if (fIsItemOpen && title.fIsSubTitle && title.fSameItems == 0) {
          fItemTitle = title;
          return;
       }

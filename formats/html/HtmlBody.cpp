@@ -2,7 +2,7 @@
 
 namespace {
 
-constexpr TMarkup kWholeBegin = "<div class=\"whole\">\n"_html;
+constexpr TMarkup kWholeBegin = "<div class=\"everywhere\">\n"_html;
 constexpr TMarkup kWholeEnd = "</div>\n"_html;
 
 }  // namespace

@@ -48,7 +48,7 @@ TEST(SameItems, TheWholeOfAReportStandsBehindASwitch)
    writer.EndIndex();
 
    const std::string page = folder.Read("processes.html");
-   const std::size_t whole = page.find("<div class=\"whole\">");
+   const std::size_t whole = page.find("<div class=\"everywhere\">");
    ASSERT_NE(std::string::npos, whole);
    EXPECT_THAT(page, HasSubstr("<p class=\"page-meta\">1 differs, 2 the same.</p>"));
    EXPECT_THAT(page, HasSubstr("class=\"only-differs\" checked> Only what differs</label>"));

@@ -13,6 +13,7 @@
 #include "CollectionOutput.h"
 #include "Console.h"
 #include "Gaps.h"
+#include "MaskedOutput.h"
 #include "Options.h"
 #include "StagedFile.h"
 #include "machine/TMachine.h"
@@ -43,8 +44,8 @@ std::string GetEnding(const NZANQSX20::TCollectionForm& form)
    return ending;
 }
 
-/// "web01-20261121-144500.mof", of the machine's host name and the time here.
-std::string MakeName(const TMachine& machine, const NZANQSX20::TCollectionForm& form)
+/// The host name as a part of a file name. Missing: empty.
+std::string FindHost(const TMachine& machine)
 {
    std::string host = machine.ReadLine("/proc/sys/kernel/hostname");
    if (host.empty())
@@ -53,6 +54,12 @@ std::string MakeName(const TMachine& machine, const NZANQSX20::TCollectionForm& 
       if (std::isalnum(static_cast<unsigned char>(character)) == 0 && character != '-' &&
           character != '.')
          character = '_';
+   return host;
+}
+
+/// "web01-20261121-144500.mof", of the host's name, if any, and the time here.
+std::string MakeName(const std::string& host, const NZANQSX20::TCollectionForm& form)
+{
    const std::time_t now = std::time(nullptr);
    std::tm local = {};
    localtime_r(&now, &local);
@@ -69,20 +76,45 @@ void TellGaps(const boost::shared_ptr<TMemoryStore>& store, TConsole& console)
       console.Note("root can read more of a machine than other users");
 }
 
+boost::shared_ptr<TMemoryStore> Collect(const TMachine& machine, TConsole& console)
+{
+   return NZANQSX20::CollectMachine(machine, QSX_VERSION, [&](const std::string& subject) {
+      console.Progress("Collecting: " + subject);
+   });
+}
+
+// Both look at the place before the work: one that can't be written is told at once.
+
+void CollectPlain(const TMachine& machine, const std::string& name, const TOptions& options,
+                  TConsole& console)
+{
+   TCollectionOutput output(name, options.fForm, options.fForce, TStagedFile::kPrivateMode);
+   const boost::shared_ptr<TMemoryStore> store = Collect(machine, console);
+   output.Write(*store, console);
+   TellGaps(store, console);
+   output.Publish(console);
+}
+
+void CollectMasked(const TMachine& machine, const std::string& name, const TOptions& options,
+                   TConsole& console)
+{
+   TMaskedOutput output(options, name, TStagedFile::kPrivateMode);
+   const boost::shared_ptr<TMemoryStore> store = Collect(machine, console);
+   output.Write(*store, console);
+   TellGaps(store, console);
+}
+
 }  // namespace
 
 EExitCode RunCollectCommand(const TOptions& options, TConsole& console)
 {
    const std::unique_ptr<TMachine> machine = OpenMachine(options.fRoot);
-   const std::string name =
-      options.fOutput.empty() ? MakeName(*machine, options.fForm) : options.fOutput;
-   // Before the work: a place that can't be written is told at once.
-   TCollectionOutput output(name, options.fForm, options.fForce, TStagedFile::kPrivateMode);
-   const boost::shared_ptr<TMemoryStore> store = NZANQSX20::CollectMachine(
-      *machine, QSX_VERSION,
-      [&](const std::string& subject) { console.Progress("Collecting: " + subject); });
-   output.Write(*store, console);
-   TellGaps(store, console);
-   output.Publish(console);
+   const std::string name = options.fOutput.empty()
+                               ? MakeName(options.fMasks ? "" : FindHost(*machine), options.fForm)
+                               : options.fOutput;
+   if (options.fMasks)
+      CollectMasked(*machine, name, options, console);
+   else
+      CollectPlain(*machine, name, options, console);
    return kExitDone;
 }

@@ -28,6 +28,8 @@ public:
    /// What was written, for who reads it back. Missing: empty for standard output.
    std::string GetWorkPath() const;
 
+   const std::string& GetTarget() const { return fTarget; }
+
    /// Moves the file into its place.
    void Publish(TConsole& console);
 

@@ -46,6 +46,8 @@ constexpr TCommandName kCommands[] = {
     "Write a collection as one file, in the form that its name asks for"},
    {ECommand::kCollect, "collect", "[-o FILE] [options]",
     "Write this machine as a collection; nothing on it is changed"},
+   {ECommand::kMask, "mask", "COLLECTION... -o FILE [options]",
+    "Write a collection with stand-ins for what identifies machine and people"},
 };
 
 constexpr const char* kExitCodes =
@@ -61,7 +63,7 @@ bool WritesPages(ECommand command)
 
 bool WritesCollection(ECommand command)
 {
-   return command == ECommand::kConvert;
+   return command == ECommand::kConvert || command == ECommand::kMask;
 }
 
 /// Whether the library runs over the collection.
@@ -170,6 +172,31 @@ void AddCollectionOutputOptions(CLI::App& command, TParsedLine& line)
       ->group("Output");
 }
 
+void AddMaskOptions(CLI::App& command, TParsedLine& line)
+{
+   TMaskOptions& options = line.fOptions.fMask;
+   command
+      .add_option("--term", options.fTerms,
+                  "Replace this text, too, such as the name of a customer; may be repeated")
+      ->type_name("TEXT")
+      ->allow_extra_args(false)
+      ->group("Masking");
+   command.add_option("--terms", options.fTermsFile, "Replace these texts, too, one a line")
+      ->type_name("FILE")
+      ->group("Masking");
+   command
+      .add_option("--key", options.fKeyFile,
+                  "Make the stand-ins from the content of this file (default: from the UUID and "
+                  "serial number of the machine)")
+      ->type_name("FILE")
+      ->group("Masking");
+   command
+      .add_option("--map", options.fMapFile,
+                  "Write what stands for what to this file, for its owner alone")
+      ->type_name("FILE")
+      ->group("Masking");
+}
+
 void AddCompareOptions(CLI::App& command, TParsedLine& line)
 {
    TOptions& options = line.fOptions;
@@ -256,6 +283,11 @@ void AddCollectOptions(CLI::App& command, TParsedLine& line)
          "printed is read from its folder qsxreport-tools")
       ->type_name("DIR")
       ->group("Input");
+   command
+      .add_flag("--mask", line.fOptions.fMasks,
+                "Write stand-ins for what identifies the machine and its people")
+      ->group("Masking");
+   AddMaskOptions(command, line);
    command.add_flag("-q,--quiet", line.fOptions.fQuiet, "Errors only")->group("Messages");
    command.add_flag("--no-color", line.fOptions.fNoColor, "No colour in messages")
       ->group("Messages");
@@ -268,6 +300,8 @@ void AddReadingOptions(CLI::App& command, ECommand name, TParsedLine& line)
       AddOutputOptions(command, line);
    if (WritesCollection(name))
       AddCollectionOutputOptions(command, line);
+   if (name == ECommand::kMask)
+      AddMaskOptions(command, line);
    if (name == ECommand::kCompare)
       AddCompareOptions(command, line);
    if (name == ECommand::kCatalogue)
@@ -394,6 +428,16 @@ NZANQSX20::TCollectionForm ReadForm(const std::string& format, const std::string
    return form;
 }
 
+/// collect masks only where it is told so.
+void CheckMaskOptions(const TOptions& options)
+{
+   const TMaskOptions& mask = options.fMask;
+   const bool tellsHow = !mask.fTerms.empty() || !mask.fTermsFile.empty() ||
+                         !mask.fKeyFile.empty() || !mask.fMapFile.empty();
+   if (tellsHow && !options.fMasks)
+      FailUsage("--term, --terms, --key and --map need --mask");
+}
+
 TOptions CheckOptions(const CLI::App& command, TParsedLine& line)
 {
    TOptions& options = line.fOptions;
@@ -403,7 +447,11 @@ TOptions CheckOptions(const CLI::App& command, TParsedLine& line)
    CheckExtras(command);
    if (options.fListIgnored)
       return options;
+   options.fMasks = options.fMasks || options.fCommand == ECommand::kMask;
+   if (options.fMasks && options.fOutput == "-")
+      FailUsage("a masked collection needs a file: it is read back before it appears");
    if (options.fCommand == ECommand::kCollect) {
+      CheckMaskOptions(options);
       options.fForm = ReadForm(line.fForm, options.fOutput.empty() ? "-" : options.fOutput);
       return options;
    }

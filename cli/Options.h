@@ -16,7 +16,8 @@ enum class ECommand
    kCatalogue,
    kCheck,
    kConvert,
-   kCollect
+   kCollect,
+   kMask
 };
 
 /// One --format: the format and the name behind its colon.
@@ -24,6 +25,18 @@ struct TFormatChoice
 {
    const TFormat* fFormat = nullptr;
    std::string fName;
+};
+
+/// What masking a collection is told.
+struct TMaskOptions
+{
+   std::vector<std::string> fTerms;
+   /// A file with further terms, one a line, or empty.
+   std::string fTermsFile;
+   /// The file that the key is made from, or empty.
+   std::string fKeyFile;
+   /// Where the map is written, or empty.
+   std::string fMapFile;
 };
 
 /// The command line, checked.
@@ -53,9 +66,13 @@ struct TOptions
    /// Missing: empty for collect, which then makes a name.
    std::string fOutput;
    bool fForce = false;
-   /// convert, collect: the form of the file that is written.
+   /// convert, collect, mask: the form of the file that is written.
    NZANQSX20::TCollectionForm fForm;
    std::vector<TFormatChoice> fFormats;
+
+   /// mask, collect: whether stand-ins are written.
+   bool fMasks = false;
+   TMaskOptions fMask;
 
    std::optional<std::string> fMode;
    bool fKMC = false;

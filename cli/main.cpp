@@ -13,6 +13,7 @@
 #include "Console.h"
 #include "ConvertCommand.h"
 #include "HypervisorCommand.h"
+#include "MaskCommand.h"
 #include "Options.h"
 #include "ReportCommand.h"
 #include "readers/TReadError.h"
@@ -36,6 +37,8 @@ EExitCode RunCommand(const TOptions& options, TConsole& console)
          return RunConvertCommand(options, console);
       case ECommand::kCollect:
          return RunCollectCommand(options, console);
+      case ECommand::kMask:
+         return RunMaskCommand(options, console);
    }
    return kExitUsage;
 }

@@ -430,7 +430,7 @@ void THtmlTable::WriteLongTableNote(std::uint64_t textBytes)
    fOut << "<p class=\"table-note\" id=\"t"_html << TNumber{fNumber}
         << "-end\" tabindex=\"-1\"><span class=\"held\">This page holds the first "_html
         << TCount{fRowsInPage} << " of "_html << TCount{fRow}
-        << " rows.</span> All of them as text: <a href=\"rows/"_html << TFileUrl{GetTextName()}
+        << " rows.</span> All rows as text: <a href=\"rows/"_html << TFileUrl{GetTextName()}
         << "\">"_html << TText{GetTextName()} << "</a>, "_html << TCount{kilobytes}
         << " KB.</p>\n"_html;
 }

@@ -17,10 +17,9 @@ const kRowsBesideWindow = 6;
 /** Where scripts are read ahead of the table's being seen. */
 const kNear = "800px";
 const kRowsOnPaper = 2000;
+const kSampleSize = 60;
 // Units: pixels.
-const kRowNumberWidth = 76;
-const kNarrowest = 120;
-const kRoomOfNumber = 16;
+const kNarrowest = 160;
 const kScrollBarWidth = 16;
 
 export class LongBody implements TableBody {
@@ -144,23 +143,47 @@ export class LongBody implements TableBody {
     };
   }
 
-  /** As wide as the rows of the page ask for; what is missing is taken from the widest columns. */
+  /** As wide as the rows of the page ask for; what is missing is taken from the widest texts. */
   private setWidths(): void {
     const columns = [...this.table.querySelectorAll<HTMLElement>("col")];
-    const cells = [...(this.table.tHead?.rows[0] ?? this.body.rows[0])!.cells];
-    this.table.classList.add("measured");
-    const wished = cells.map((cell, i) => {
-      const width = Math.ceil(cell.getBoundingClientRect().width);
-      if (columns[i]?.classList.contains("n")) return Math.max(width, kRowNumberWidth);
-      return cell.classList.contains("num") ? width + kRoomOfNumber : width;
-    });
-    this.table.classList.remove("measured");
-    const widths = shrinkToFit(wished, this.box.clientWidth - kScrollBarWidth);
+    const wished = this.measureColumns();
+    const isFixed = columns.map((column, i) => column.classList.contains("n") || this.isFixedColumn(i));
+    const fixed = wished.reduce((sum, width, i) => sum + (isFixed[i] ? width : 0), 0);
+    const room = this.box.clientWidth - kScrollBarWidth - fixed;
+    const texts = shrinkToFit(wished.filter((_, i) => !isFixed[i]), room);
+    const widths = wished.map((width, i) => (isFixed[i] ? width : texts.shift()!));
     const widest = widths.indexOf(Math.max(...widths));
     columns.forEach((column, i) => {
       column.style.width = i === widest ? "auto" : `${widths[i]}px`;
     });
     this.table.style.minWidth = `${widths.reduce((a, b) => a + b, 0)}px`;
+  }
+
+  /** Numbers and times are shown whole. */
+  private isFixedColumn(column: number): boolean {
+    const look = this.looks[this.hasRowNumbers ? column - 1 : column];
+    return look === "num" || look === "when";
+  }
+
+  /** The cells on one line, below a header of which the words stay whole. */
+  private measureColumns(): number[] {
+    const measure = (row: HTMLTableRowElement | undefined, className: string): number[] => {
+      this.table.classList.add(className);
+      const widths = [...(row?.cells ?? [])].map((cell) => Math.ceil(cell.getBoundingClientRect().width));
+      this.table.classList.remove(className);
+      return widths;
+    };
+    const ofLabels = measure(this.table.tHead?.rows[0], "labels-measured");
+    this.body.replaceChildren(...this.makeSample());
+    return measure(this.body.rows[0], "rows-measured").map((width, i) => Math.max(width, ofLabels[i] ?? 0));
+  }
+
+  /** Rows from all over the table, the last one among them. */
+  private makeSample(): HTMLTableRowElement[] {
+    const rows: HTMLTableRowElement[] = [];
+    const step = Math.max(1, this.rowCount / kSampleSize);
+    for (let row = this.rowCount - 1; row >= 0; row -= step) rows.push(this.makeRow(Math.round(row)));
+    return rows;
   }
 
   private get headerHeight(): number {

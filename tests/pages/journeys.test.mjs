@@ -135,6 +135,7 @@ test("the theme is chosen on one page and holds on the next", async () => {
     const dark = await readPaper();
     assert.notEqual(dark, light);
     await tab.click(".side a[href='hw_info.html']");
+    await tab.waitForURL(/hw_info/);
     assert.equal(await readPaper(), dark);
     assert.equal(await tab.inputValue("#theme"), "dark");
     await tab.selectOption("#theme", "");

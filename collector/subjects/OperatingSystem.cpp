@@ -26,7 +26,7 @@ constexpr std::array kBootFiles = {
    "/boot/loader/loader.conf", "/boot/extlinux/extlinux.conf", "/proc/cmdline"};
 constexpr std::array kInitFiles = {"/etc/inittab", "/etc/systemd/system.conf"};
 
-/// "ID" as a vendor's name, where the file names none: the distributions' own way of writing it.
+/// What the distribution is called, without what several of them add to it.
 std::string GetVendor(const TKeyValues& release)
 {
    const std::string name(release.GetUnquoted("NAME"));
@@ -44,7 +44,6 @@ void SetRelease(const TMachine& machine, TCollected& collected, TEntry& system)
    const std::string_view build = release.GetUnquoted("BUILD_ID");
    const std::string pointRelease = machine.ReadLine("/etc/debian_version");
    system.Set("Name", release.GetUnquoted("PRETTY_NAME"))
-      .Set("Version", release.GetUnquoted("VERSION_ID"))
       .Set("ProductVendor", GetVendor(release))
       .Set("BuildID", build.empty() ? std::string_view(pointRelease) : build);
 }
@@ -60,8 +59,11 @@ std::string GetPlatform(const TMachine& machine)
 
 void SetKernel(const TMachine& machine, TEntry& system)
 {
-   system.Set("KernelName", machine.ReadLine("/proc/sys/kernel/ostype"))
-      .Set("KernelRelease", machine.ReadLine("/proc/sys/kernel/osrelease"))
+   const std::string release = machine.ReadLine("/proc/sys/kernel/osrelease");
+   // The version of the distribution is a part of its name.
+   system.Set("Version", release.substr(0, release.find('-')))
+      .Set("KernelName", machine.ReadLine("/proc/sys/kernel/ostype"))
+      .Set("KernelRelease", release)
       .Set("KernelVersion", machine.ReadLine("/proc/sys/kernel/version"))
       .Set("HardwarePlatform", GetPlatform(machine));
 }

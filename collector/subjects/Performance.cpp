@@ -85,9 +85,8 @@ private:
 /// "cpu0 user nice system idle iowait irq softirq steal ...", in ticks since the system started.
 void AddProcessorTimes(TCounters& counters, std::string_view line)
 {
-   constexpr std::array kNames = {
-      "% User",      "% Nice",       "% System",          "% Idle",
-      "% Disk wait", "% Interrupts", "% Soft interrupts", "% Taken by the hypervisor"};
+   constexpr std::array kNames = {"% User",      "% Nice",       "% System",          "% Idle",
+                                  "% Disk wait", "% Interrupts", "% Soft interrupts", "% Stolen"};
    const auto words = SplitWords(line);
    std::vector<std::uint64_t> ticks;
    std::uint64_t total = 0;
@@ -121,14 +120,13 @@ void AddSystemCounters(TCounters& counters, const std::string& stat)
       else if (words[0] == "processes")
          counters.Add("System", "Processes started", "All", words[1]);
       else if (words[0] == "procs_blocked")
-         counters.Add("System", "Processes waiting for a device", "All", words[1]);
+         counters.Add("System", "Blocked processes", "All", words[1]);
    }
 }
 
 void AddLoad(const TMachine& machine, TCounters& counters)
 {
-   constexpr std::array kNames = {"Load over 1 minute", "Load over 5 minutes",
-                                  "Load over 15 minutes"};
+   constexpr std::array kNames = {"Load, 1 minute", "Load, 5 minutes", "Load, 15 minutes"};
    const std::string load = machine.ReadLine("/proc/loadavg");
    const auto words = SplitWords(load);
    for (std::size_t i = 0; i < kNames.size() && i < words.size(); ++i)
@@ -143,8 +141,7 @@ void AddPressure(const TMachine& machine, TCounters& counters)
       for (const std::string_view line : SplitLines(reading.fText))
          for (const std::string_view word : SplitWords(line))
             if (StartsWith(word, "avg60=") && StartsWith(line, "some"))
-               counters.Add("Pressure", "% of the last minute that work waited", resource,
-                            word.substr(6));
+               counters.Add("Pressure", "% waiting, 1 minute", resource, word.substr(6));
    }
 }
 
@@ -159,7 +156,7 @@ void AddPaging(const TMachine& machine, TCounters& counters)
    constexpr std::array kNames = {
       TNamed{"pgfault", "Page faults"}, TNamed{"pgmajfault", "Page faults from disk"},
       TNamed{"pswpin", "Pages swapped in"}, TNamed{"pswpout", "Pages swapped out"},
-      TNamed{"oom_kill", "Processes killed for lack of memory"}};
+      TNamed{"oom_kill", "Out-of-memory kills"}};
    const TReading reading = machine.Read("/proc/vmstat");
    const TKeyValues values(reading.fText, ' ');
    for (const TNamed& named : kNames)

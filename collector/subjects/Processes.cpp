@@ -22,6 +22,7 @@ constexpr std::uint64_t kTicksPerSecond = 100;
 enum EStatField : std::size_t
 {
    kState = 0,
+   kParent = 1,
    kUserTicks = 11,
    kKernelTicks = 12,
    kPriority = 15,
@@ -79,6 +80,14 @@ std::string GetUser(const TMachine& machine, const std::string& folder, const TU
    return name == names.end() ? id : name->second;
 }
 
+/// A worker of the kernel without what it happens to work on: "kworker/1:2" for
+/// "kworker/1:2-events". Those named "kworker/R-..." serve one thing alone.
+std::string_view GetName(std::string_view name)
+{
+   const bool changes = StartsWith(name, "kworker/") && !StartsWith(name, "kworker/R-");
+   return changes ? name.substr(0, name.find('-')) : name;
+}
+
 class TProcessList
 {
 public:
@@ -89,8 +98,8 @@ public:
         fBoot(ReadClock(machine).fBoot)
    {}
 
-   /// One that ends meanwhile is no process any more.
-   void Add(const std::string& id)
+   /// Missing: false for one that ends meanwhile, and for this program's own.
+   bool Add(const std::string& id)
    {
       const std::string folder = "/proc/" + id;
       const TReading reading = fMachine.Read(folder + "/stat");
@@ -100,13 +109,13 @@ public:
       const std::size_t nameEnd = stat.rfind(')');
       if (!reading || nameStart == std::string_view::npos || nameEnd == std::string_view::npos ||
           nameEnd < nameStart)
-         return;
+         return false;
       const auto fields = SplitWords(stat.substr(nameEnd + 1));
-      if (fields.size() <= kPages)
-         return;
+      if (fields.size() <= kPages || IsOwn(id, fields[kParent]))
+         return false;
       TEntry process = fCollected.Add("ZANSG_Process");
       process.Set("Handle", id)
-         .Set("Name", stat.substr(nameStart + 1, nameEnd - nameStart - 1))
+         .Set("Name", GetName(stat.substr(nameStart + 1, nameEnd - nameStart - 1)))
          .Set("User", GetUser(fMachine, folder, fUsers))
          .Set("ExecutionState", ToExecutionState(fields[kState].front()))
          .Set("Priority", ToSignedNumber(fields[kPriority]))
@@ -118,13 +127,21 @@ public:
          process.Set(
             "CreationDate",
             fMachine.MakeTime(*fBoot + static_cast<std::int64_t>(*start / kTicksPerSecond)));
+      return true;
    }
 
 private:
+   /// This program and what it started: they are gone when somebody reads of them.
+   bool IsOwn(const std::string& id, std::string_view parent) const
+   {
+      return fMachine.IsThisMachine() && (id == fOwn || parent == fOwn);
+   }
+
    const TMachine& fMachine;
    TCollected& fCollected;
    const TUserNames fUsers;
    const std::optional<std::int64_t> fBoot;
+   const std::string fOwn = std::to_string(getpid());
    const std::uint64_t fPageSize = static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE));
 };
 
@@ -135,10 +152,8 @@ void CollectProcesses(const TMachine& machine, TCollected& collected)
    TProcessList processes(machine, collected);
    std::uint32_t count = 0;
    for (const std::string& name : machine.List("/proc"))
-      if (ToNumber(name)) {
-         processes.Add(name);
+      if (ToNumber(name) && processes.Add(name))
          ++count;
-      }
    if (count > 0)
       collected.GetSingle("ZANSG_OperatingSystem").Set("ProcessCount", count);
    else

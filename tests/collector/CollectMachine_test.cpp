@@ -105,6 +105,8 @@ TEST_F(TServer, ReadsSoftwareWhateverItsNamesHold)
    ExpectProperty(process, "ExecutionState", "4\\}");
    ExpectProperty(process, "KernelModeTime", "750\\}");
    ExpectProperty(process, "CreationDate", "20231114231325");
+   // What a worker works on changes by the second.
+   ExpectProperty("ZANSG_Process.Handle=\"43\"", "Name", "kworker/1:2\\}");
    ExpectProperty("ZANSG_LinuxKernelModule.Name=\"brandtraid\"", "Description", "Brandt RAID");
    // modinfo knows nothing of this one; the kernel does.
    ExpectProperty("ZANSG_LinuxKernelModule.Name=\"brandtnet\"", "Version", "3.2.6");

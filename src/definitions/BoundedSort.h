@@ -5,23 +5,22 @@
 #include <iterator>
 #include <vector>
 
-/// A place in a list of positions that knows the ends of the list.
+/// Thrown where a sort looks beyond the ends of its list.
+struct TOutOfBounds
+{};
+
+/// A place in a list that knows the ends of the list.
+template <typename T>
 class TBoundedIterator
 {
 public:
    using iterator_category = std::random_access_iterator_tag;
-   using value_type = std::size_t;
+   using value_type = T;
    using difference_type = std::ptrdiff_t;
-   using pointer = std::size_t*;
-   using reference = std::size_t&;
+   using pointer = T*;
+   using reference = T&;
 
-   /// Thrown where a sort looks beyond the ends.
-   struct TOutOfBounds
-   {};
-
-   TBoundedIterator(std::vector<std::size_t>& list, difference_type place)
-      : fList(&list), fPlace(place)
-   {}
+   TBoundedIterator(std::vector<T>& list, difference_type place) : fList(&list), fPlace(place) {}
 
    reference operator*() const
    {
@@ -84,21 +83,21 @@ public:
    }
 
 private:
-   std::vector<std::size_t>* fList;
+   std::vector<T>* fList;
    difference_type fPlace;
 };
 
 /// Sorts as the standard library does: readers of the reports know the order in which it leaves
 /// equal instances. Texts that compare in a circle lead that sort out of bounds.
 /// Missing: false where it was stopped there; the order is then nobody's.
-template <typename Compare>
-bool SortWithinBounds(std::vector<std::size_t>& order, const Compare& isBefore)
+template <typename T, typename Compare>
+bool SortWithinBounds(std::vector<T>& list, const Compare& isBefore)
 {
    try {
-      std::sort(TBoundedIterator(order, 0),
-                TBoundedIterator(order, static_cast<std::ptrdiff_t>(order.size())), isBefore);
+      std::sort(TBoundedIterator<T>(list, 0),
+                TBoundedIterator<T>(list, static_cast<std::ptrdiff_t>(list.size())), isBefore);
       return true;
-   } catch (const TBoundedIterator::TOutOfBounds&) {
+   } catch (const TOutOfBounds&) {
       return false;
    }
 }

@@ -1,9 +1,10 @@
 #include <algorithm>
 #include <cctype>
+#include <cstdint>
 #include <cstdlib>
+#include <limits>
 #include <memory>
 #include <numeric>
-#include <optional>
 
 #include "definitions/BoundedSort.h"
 #include "definitions/TReportParameters.h"
@@ -29,19 +30,12 @@ class TSortKey
 public:
    TSortKey() = default;
 
-   explicit TSortKey(TCIMValue value) : fValue(std::move(value))
-   {
-      const bool isDateTime = fValue.GetType() == TCIMValue::TCIMType::kDateTime;
-      if (isDateTime && !fValue.IsNull() && !fValue.IsArray())
-         fDateTime = static_cast<TCIMDateTime>(fValue);
-   }
+   explicit TSortKey(TCIMValue value) : fValue(std::move(value)) {}
 
    /// -1, 0 or 1, by the order of values.
    int CompareValue(const TSortKey& other) const
    {
-      if (fDateTime && other.fDateTime)
-         return Compare(*fDateTime, *other.fDateTime);
-      return Compare(fValue, other.fValue);
+      return fValue < other.fValue ? -1 : other.fValue < fValue ? 1 : 0;
    }
 
    bool IsString() const { return fValue.GetType() == TCIMValue::TCIMType::kString; }
@@ -62,12 +56,6 @@ private:
       bool fIsNumber = false;
    };
 
-   template <typename T>
-   static int Compare(const T& a, const T& b)
-   {
-      return a < b ? -1 : b < a ? 1 : 0;
-   }
-
    const TWords& GetWords()
    {
       if (fWords)
@@ -82,18 +70,24 @@ private:
    }
 
    TCIMValue fValue;
-   /// Beside the value, so that a sort by time finds it without a look elsewhere.
-   std::optional<TCIMDateTime> fDateTime;
    /// Made when the key is first compared as text.
    std::unique_ptr<TWords> fWords;
 };
 
+/// Hands the value over that an instance is sorted by.
+template <typename TAction>
+auto WithKey(ICIMInstance& instance, const std::string& property, const TAction& action)
+{
+   const boost::shared_ptr<ICIMProperty> held = instance.GetProperty(property, {});
+   const TCIMValue& value = held->GetValue(TContext());
+   if (!value.IsNull())
+      return action(value);
+   return action(instance.GetProperty(property, {})->GetValue());
+}
+
 TSortKey ReadKey(ICIMInstance& instance, const std::string& property)
 {
-   TCIMValue value = instance.GetProperty(property, {})->GetValue(TContext());
-   if (value.IsNull())
-      value = instance.GetProperty(property, {})->GetValue();
-   return TSortKey(std::move(value));
+   return WithKey(instance, property, [](const TCIMValue& value) { return TSortKey(value); });
 }
 
 template <typename T>
@@ -152,17 +146,118 @@ bool IsAhead(const TPropertyInfo& info, int comparison)
    return comparison == (info.fAscending ? -1 : 1);
 }
 
+/// An instance of a sort: where it stood, and its first key in a form that compares fast.
+template <typename TRank>
+struct TRanked
+{
+   TRank fRank{};
+   std::size_t fPosition = 0;
+};
+
+/// A date-time, or the null that stands before all of them.
+struct TTimeRank
+{
+   TCIMDateTime fTime;
+   bool fIsNull = true;
+
+   friend bool operator<(const TTimeRank& a, const TTimeRank& b)
+   {
+      return a.fIsNull || b.fIsNull ? a.fIsNull && !b.fIsNull : a.fTime < b.fTime;
+   }
+};
+
+/// Missing: false for a value that is no integer, or one that may not fit.
+bool FindRank(const TCIMValue& value, std::int64_t& rank)
+{
+   using TType = TCIMValue::TCIMType;
+   const TCIMValue::ECIMType type = value.GetType();
+   if (value.IsArray() || type < TType::kUInt8 || type > TType::kSInt32)
+      return false;
+   rank =
+      value.IsNull() ? std::numeric_limits<std::int64_t>::min() : static_cast<std::int64_t>(value);
+   return true;
+}
+
+/// Missing: false for a value that is no date-time.
+bool FindRank(const TCIMValue& value, TTimeRank& rank)
+{
+   if (value.IsArray() || value.GetType() != TCIMValue::TCIMType::kDateTime)
+      return false;
+   rank.fIsNull = value.IsNull();
+   if (!rank.fIsNull)
+      rank.fTime = static_cast<TCIMDateTime>(value);
+   return true;
+}
+
+template <typename TRank>
+std::vector<TRanked<TRank>> MakeOrder(std::size_t size)
+{
+   std::vector<TRanked<TRank>> order(size);
+   for (std::size_t position = 0; position < size; ++position)
+      order[position].fPosition = position;
+   return order;
+}
+
+/// Ranks the instances by a key where all their values are of that kind.
+/// Missing: false where they are not, or one cannot be read: a sort then meets that one itself.
+template <typename TRank>
+bool RankInstances(const TInstances& instances, const std::string& property,
+                   std::vector<TRanked<TRank>>& order)
+{
+   try {
+      for (TRanked<TRank>& each : order) {
+         const auto findRank = [&each](const TCIMValue& value) {
+            return FindRank(value, each.fRank);
+         };
+         if (!WithKey(*instances[each.fPosition], property, findRank))
+            return false;
+      }
+      return true;
+   } catch (const TQSXException&) {
+      return false;
+   }
+}
+
 /// The keys of all instances of a sort, each read when it is first compared.
 class TKeyTable
 {
 public:
    TKeyTable(const std::vector<TPropertyInfo>& infos, const TInstances& instances)
-      : fInfos(infos), fInstances(instances), fEntries(infos.size() * instances.size())
+      : fInfos(infos), fInstances(instances)
    {}
 
-   bool IsBefore(std::size_t a, std::size_t b)
+   enum class EKind
    {
-      for (std::size_t key = 0; key < fInfos.size(); ++key) {
+      kInteger,
+      kTime,
+      kOther
+   };
+
+   /// What the first instance is sorted by. The key is kept unless it is ranked with all others.
+   EKind FindKind()
+   {
+      if (fInstances.size() < 2)
+         return EKind::kOther;
+      try {
+         const TCIMValue value = WithKey(*fInstances.front(), fInfos.front().fProperty,
+                                         [](const TCIMValue& key) { return key; });
+         std::int64_t number = 0;
+         TTimeRank time;
+         if (FindRank(value, number))
+            return EKind::kInteger;
+         if (FindRank(value, time))
+            return EKind::kTime;
+         GetEntry(0, 0) = {TSortKey(value), true};
+      } catch (const TQSXException&) {
+         // The sort meets it again, and tells.
+      }
+      return EKind::kOther;
+   }
+
+   /// Looks at the keys from the given one on.
+   bool IsBefore(std::size_t a, std::size_t b, std::size_t firstKey)
+   {
+      for (std::size_t key = firstKey; key < fInfos.size(); ++key) {
          TSortKey& keyA = GetKey(a, key);
          TSortKey& keyB = GetKey(b, key);
          if (const int comparison = CompareKeys(fInfos[key], keyA, keyB))
@@ -180,7 +275,7 @@ private:
 
    TSortKey& GetKey(std::size_t instance, std::size_t key)
    {
-      TEntry& entry = fEntries[instance * fInfos.size() + key];
+      TEntry& entry = GetEntry(instance, key);
       if (!entry.fIsRead) {
          entry.fKey = ReadKey(*fInstances[instance], fInfos[key].fProperty);
          entry.fIsRead = true;
@@ -188,10 +283,74 @@ private:
       return entry.fKey;
    }
 
+   TEntry& GetEntry(std::size_t instance, std::size_t key)
+   {
+      // Most sorts by a number never ask.
+      if (fEntries.empty())
+         fEntries.resize(fInfos.size() * fInstances.size());
+      return fEntries[instance * fInfos.size() + key];
+   }
+
    const std::vector<TPropertyInfo>& fInfos;
    const TInstances& fInstances;
    std::vector<TEntry> fEntries;
 };
+
+template <typename TRank>
+void Rearrange(TInstances& instances, const std::vector<TRanked<TRank>>& order)
+{
+   TInstances sorted;
+   sorted.reserve(instances.size());
+   for (const TRanked<TRank>& each : order)
+      sorted.push_back(std::move(instances[each.fPosition]));
+   instances.swap(sorted);
+}
+
+/// Sorts by the ranks as the standard library does, and among equals by the further keys.
+/// Missing: false where the keys have no ranks, or the further ones lead the sort out of bounds;
+/// the instances are then left alone.
+template <typename TRank>
+bool SortByRank(TInstances& instances, const std::vector<TPropertyInfo>& infos, TKeyTable& keys)
+{
+   std::vector<TRanked<TRank>> order = MakeOrder<TRank>(instances.size());
+   if (!RankInstances(instances, infos.front().fProperty, order))
+      return false;
+   const bool isAscending = infos.front().fAscending;
+   const auto compareRanks = [isAscending](const TRanked<TRank>& a, const TRanked<TRank>& b) {
+      return isAscending ? a.fRank < b.fRank : b.fRank < a.fRank;
+   };
+   // Ranks compare in no circle: a sort by them alone needs no bounds.
+   if (infos.size() == 1) {
+      std::sort(order.begin(), order.end(), compareRanks);
+   } else {
+      const auto isBefore = [&](const TRanked<TRank>& a, const TRanked<TRank>& b) {
+         if (compareRanks(a, b))
+            return true;
+         return !compareRanks(b, a) && keys.IsBefore(a.fPosition, b.fPosition, 1);
+      };
+      if (!SortWithinBounds(order, isBefore))
+         return false;
+   }
+   Rearrange(instances, order);
+   return true;
+}
+
+/// Sorts by keys of any kind.
+void SortByKeys(TInstances& instances, TKeyTable& keys)
+{
+   std::vector<std::size_t> order(instances.size());
+   std::iota(order.begin(), order.end(), std::size_t{0});
+   const auto isBefore = [&keys](std::size_t a, std::size_t b) { return keys.IsBefore(a, b, 0); };
+   if (!SortWithinBounds(order, isBefore)) {
+      std::iota(order.begin(), order.end(), std::size_t{0});
+      std::stable_sort(order.begin(), order.end(), isBefore);
+   }
+   TInstances sorted;
+   sorted.reserve(instances.size());
+   for (const std::size_t position : order)
+      sorted.push_back(std::move(instances[position]));
+   instances.swap(sorted);
+}
 
 }  // namespace
 
@@ -241,17 +400,17 @@ void TInstanceSorter::SortInstances(TInstances& instances) const
    if (fKeys.empty())
       return;
    TKeyTable keys(fKeys, instances);
-   const auto isBefore = [&keys](std::size_t a, std::size_t b) { return keys.IsBefore(a, b); };
-   std::vector<std::size_t> order(instances.size());
-   std::iota(order.begin(), order.end(), std::size_t{0});
-   if (!SortWithinBounds(order, isBefore)) {
-      std::iota(order.begin(), order.end(), std::size_t{0});
-      std::stable_sort(order.begin(), order.end(), isBefore);
+   bool isSorted = false;
+   switch (keys.FindKind()) {
+      case TKeyTable::EKind::kInteger:
+         isSorted = SortByRank<std::int64_t>(instances, fKeys, keys);
+         break;
+      case TKeyTable::EKind::kTime:
+         isSorted = SortByRank<TTimeRank>(instances, fKeys, keys);
+         break;
+      case TKeyTable::EKind::kOther:
+         break;
    }
-
-   TInstances sorted;
-   sorted.reserve(instances.size());
-   for (const std::size_t index : order)
-      sorted.push_back(std::move(instances[index]));
-   instances.swap(sorted);
+   if (!isSorted)
+      SortByKeys(instances, keys);
 }

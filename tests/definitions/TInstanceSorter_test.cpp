@@ -135,6 +135,63 @@ TEST(TInstanceSorter, ReadsAKeyOnceAndOnlyWhenItIsCompared)
    EXPECT_NO_THROW(sorter.SortInstances(single)) << "one instance is compared with nothing";
 }
 
+TEST(TInstanceSorter, TimesAndNumbersSortAsTheirValuesDo)
+{
+   const auto time = [](const std::string& text) {
+      TCIMDateTime dateTime;
+      EXPECT_TRUE(TCIMDateTime::Parse(text, dateTime));
+      return TCIMValue(dateTime);
+   };
+   using TType = TCIMValue::TCIMType;
+   const std::vector<std::vector<TCIMValue>> ordered = {
+      {TCIMValue::Null(TType::kDateTime), time("00000000000000.000000+000"),
+       time("20090102030405.000000+060"), time("20090102030405.000000+000"),
+       time("20090102030405.000001+000")},
+      {TCIMValue::Null(TType::kDateTime), time("20990102030405.000000+000"),
+       time("00000001000000.000000:000")},
+      {TCIMValue::Null(TType::kSInt8), TCIMValue::Signed(TType::kSInt8, -3),
+       TCIMValue::Unsigned(TType::kUInt32, 0), TCIMValue::Signed(TType::kSInt32, 7)},
+      {TCIMValue::Unsigned(TType::kUInt64, 1), TCIMValue::Unsigned(TType::kUInt64, ~0ULL)},
+      {TCIMValue::Unsigned(TType::kUInt32, 1), time("00000001000000.000000:000")},
+   };
+   for (const std::vector<TCIMValue>& keys : ordered) {
+      for (const bool isAscending : {true, false}) {
+         THandles handles;
+         for (const TCIMValue& key : keys)
+            handles.push_back(MakeInstance(key));
+         THandles expected = handles;
+         if (!isAscending)
+            std::reverse(expected.begin(), expected.end());
+         std::rotate(handles.begin(), handles.begin() + 1, handles.end());
+         SortBy("Key", isAscending).SortInstances(handles);
+         EXPECT_EQ(expected, handles) << keys.back().ToString(10);
+      }
+   }
+}
+
+// Readers know the order in which std::sort leaves equal instances; ranks must not change it.
+TEST(TInstanceSorter, EqualNumbersStandAsEqualTextsDo)
+{
+   THandles numbers;
+   THandles texts;
+   for (unsigned short i = 0; i < 300; ++i) {
+      const auto key = static_cast<unsigned short>(i * 7 % 5);
+      numbers.push_back(MakeInstance(key, std::to_string(i)));
+      texts.push_back(MakeInstance(std::to_string(key), std::to_string(i)));
+   }
+   for (const bool isAscending : {true, false}) {
+      SortBy("Key", isAscending).SortInstances(numbers);
+      SortBy("Key", isAscending).SortInstances(texts);
+      EXPECT_EQ(ReadTexts(texts, "Second"), ReadTexts(numbers, "Second"));
+   }
+   TInstanceSorter sorter = SortBy("Key");
+   sorter.AddProperty("Second", true, false);
+   sorter.SortInstances(numbers);
+   EXPECT_THAT(ReadTexts(numbers, "Second"), testing::Contains("295"));
+   EXPECT_EQ("0", ReadTexts(numbers, "Second").front());
+   EXPECT_EQ("297", ReadTexts(numbers, "Second").back());
+}
+
 TEST(TInstanceSorter, AnInterruptedSortLosesNoInstance)
 {
    for (std::size_t failing = 0; failing < 40; ++failing) {

@@ -58,6 +58,7 @@ void TEventLog::BeginTable(std::size_t page, const std::string& title, const TLo
    TEventTable table;
    table.fPage = page;
    table.fTitle = title;
+   table.fColumns = columns;
    fTables.push_back(std::move(table));
    fColumns = columns;
    fRow = 0;
@@ -71,10 +72,10 @@ void TEventLog::AddRows(const TTableRows& rows)
       AddRow(rows, row);
 }
 
-void TEventLog::EndTable(unsigned number, std::size_t file)
+void TEventLog::EndTable(const TEventPlace& place)
 {
-   fTables.back().fNumber = number;
-   fTables.back().fFile = file;
+   fTables.back().fPlace = place;
+   fTables.back().fRows = fRow;
 }
 
 void TEventLog::AddRow(const TTableRows& rows, std::size_t row)

@@ -16,16 +16,27 @@
 #include "common/OutputFile.h"
 #include "common/Table.h"
 
-/// Where a table of records stands.
+/// Where the format that wrote a table of records has it.
+struct TEventPlace
+{
+   /// The number of the table on its page, and the file of the page.
+   unsigned fNumber = 0;
+   std::size_t fFile = 0;
+   /// The row files that hold its rows; both 0 where the format has none.
+   unsigned fFirstRowFile = 0;
+   unsigned fLastRowFile = 0;
+};
+
+/// A table of records.
 struct TEventTable
 {
    /// Number of the page in the index.
    std::size_t fPage = 0;
    /// The title above the table, or of its page. Missing: empty.
    std::string fTitle;
-   /// For the format that wrote the table: which one of the page, in which file of it.
-   unsigned fNumber = 0;
-   std::size_t fFile = 0;
+   TEventPlace fPlace;
+   TLogColumns fColumns;
+   std::uint64_t fRows = 0;
    /// Of the records that are kept.
    std::uint64_t fEvents = 0;
 };
@@ -75,8 +86,7 @@ public:
    /// What AddRows takes from then on.
    void BeginTable(std::size_t page, const std::string& title, const TLogColumns& columns);
    void AddRows(const TTableRows& rows);
-   /// number, file: see TEventTable.
-   void EndTable(unsigned number, std::size_t file);
+   void EndTable(const TEventPlace& place);
 
    /// After the last table. The questions below are for after it.
    void Finish();

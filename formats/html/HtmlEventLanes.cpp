@@ -57,7 +57,8 @@ void WriteLane(THtmlSink& out, const TEventCounts& counts, const TLane& lane)
    if (total == 0)
       return;
    const std::uint32_t most = counts.GetMost(lane.fSeverity);
-   out << "<tr><th scope=\"row\">"_html;
+   out << "<tr data-severity=\""_html << TNumber{static_cast<std::uint64_t>(lane.fSeverity)}
+       << "\"><th scope=\"row\">"_html;
    WriteStateShape(out, lane.fState);
    out << lane.fName << "</th><td><svg class=\"lane\" viewBox=\"0 0 "_html
        << TNumber{counts.GetSpans()} << " "_html << TNumber{kLaneHeight}

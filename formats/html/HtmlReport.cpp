@@ -1,5 +1,7 @@
 #include "html/HtmlReport.h"
 
+#include <algorithm>
+
 #include "html/BundledFiles.h"
 #include "html/HtmlFrontPage.h"
 #include "html/HtmlHealth.h"
@@ -70,7 +72,7 @@ void THtmlReport::EndRun(const TReportIndex& index)
 
    if (hasTimeline)
       WriteOwnPage(kTimelineFile,
-                   [&](THtmlSink& out) { WriteTimeline(out, site, places, *fEvents); });
+                   [&](THtmlSink& out) { WriteTimeline(out, site, places, *fEvents, *fRowFiles); });
    if (fHealth)
       WriteOwnPage(kRulesFile, [&site](THtmlSink& out) { WriteRulesPage(out, site); });
    WriteOwnPage(kFrontPageFile, [&site](THtmlSink& out) { WriteFrontPage(out, site); });
@@ -95,6 +97,13 @@ void THtmlReport::WriteOwnPage(const std::string& name,
    THtmlSink out(file);
    write(out);
    file.Close();
+}
+
+void THtmlReport::BeginLog(const TLogColumns& columns)
+{
+   fEvents->BeginTable(fPages.size() - 1, fTableTitle, columns);
+   // The file that is open may end ahead of the table.
+   fFirstRowFile = std::max(1u, fRowFiles->GetFileNumber());
 }
 
 TPageSink& THtmlReport::GetPage()
@@ -133,7 +142,7 @@ void THtmlReport::BeginTable(const TTableShape& shape)
 {
    fIsLogOpen = fEvents && shape.fLog;
    if (fIsLogOpen)
-      fEvents->BeginTable(fPages.size() - 1, fTableTitle, *shape.fLog);
+      BeginLog(*shape.fLog);
    GetPage().BeginTable(shape);
 }
 
@@ -148,6 +157,7 @@ void THtmlReport::EndTable()
 {
    GetPage().EndTable();
    if (fIsLogOpen)
-      fEvents->EndTable(fPages.back().fTableCount, fPages.back().fFiles.size() - 1);
+      fEvents->EndTable({fPages.back().fTableCount, fPages.back().fFiles.size() - 1, fFirstRowFile,
+                         fRowFiles->GetFileNumber()});
    fIsLogOpen = false;
 }

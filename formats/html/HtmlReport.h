@@ -48,6 +48,7 @@ private:
    void ShowHealth(THtmlSite& site);
    void WriteOwnPage(const std::string& name,
                      const std::function<void(THtmlSink& out)>& write) const;
+   void BeginLog(const TLogColumns& columns);
    TPageSink& GetPage();
    void WriteFile(const std::string& name, std::string_view content) const;
 
@@ -69,4 +70,6 @@ private:
    /// The title that a table of the page would stand under.
    std::string fTableTitle;
    bool fIsLogOpen = false;
+   /// Of the log that is open.
+   unsigned fFirstRowFile = 0;
 };

@@ -4,14 +4,17 @@
 
 #include "html/HtmlEventLanes.h"
 #include "html/HtmlState.h"
+#include "html/TimelineFiles.h"
 
 namespace {
 
 /// Of the overview. A lane is some 600 px wide on most screens.
-constexpr std::size_t kMostSpans = 150;
+constexpr std::size_t kMostSpans = 180;
 constexpr std::size_t kMostRows = 2000;
 // Units: bytes of the rows; with its frame the page stays below 2 MB.
 constexpr std::uint64_t kMostBytes = 1'500'000;
+/// Without its texts.
+constexpr std::uint64_t kBytesOfRow = 300;
 constexpr std::size_t kRowsWorthSkipping = 20;
 
 EState GetState(ESeverity severity)
@@ -32,8 +35,9 @@ class TTimelinePage
 {
 public:
    TTimelinePage(THtmlSink& out, const THtmlSite& site,
-                 const std::vector<TReportIndex::TPlace>& places, TEventLog& events)
-      : fOut(out), fSite(site), fEvents(events)
+                 const std::vector<TReportIndex::TPlace>& places, TEventLog& events,
+                 const TRowFiles& rowFiles)
+      : fOut(out), fSite(site), fEvents(events), fRowFiles(rowFiles)
    {
       for (const TEventTable& table : events.GetTables())
          fLogNames.push_back(MakeLogName(table, places));
@@ -123,10 +127,14 @@ private:
       fOut << "."_html;
    }
 
+   std::string GetPageFile(const TEventTable& table) const
+   {
+      return fSite.fPages[table.fPage].GetFileName(table.fPlace.fFile);
+   }
+
    void WriteTableUrl(const TEventTable& table)
    {
-      fOut << TFileUrl{fSite.fPages[table.fPage].GetFileName(table.fFile)} << "#t"_html
-           << TNumber{table.fNumber};
+      fOut << TFileUrl{GetPageFile(table)} << "#t"_html << TNumber{table.fPlace.fNumber};
    }
 
    void WriteOverview()
@@ -140,13 +148,15 @@ private:
       WriteSeconds(counts.GetEnd());
       fOut << "\">\n<figcaption>Records per "_html;
       WriteSpanName(fOut, counts.fSpanSeconds);
-      fOut << " <span class=\"count\">Each lane has a scale of its own</span></figcaption>\n"_html;
+      fOut << "</figcaption>\n"_html;
       WriteEventLanes(fOut, counts);
+      fOut << "<p class=\"legend\">Each lane has a scale of its own.<span class=\"js-only\"> Drag "
+              "over the lanes to see the records of a time.</span>"_html;
       if (counts.fOlder > 0)
-         fOut << "<p class=\"legend\">"_html << TCount{counts.fOlder}
-              << (counts.fOlder == 1 ? " record is older than the picture.</p>\n"_html
-                                     : " records are older than the picture.</p>\n"_html);
-      fOut << "</figure>\n"_html;
+         fOut << " "_html << TCount{counts.fOlder}
+              << (counts.fOlder == 1 ? " record is older than the picture."_html
+                                     : " records are older than the picture."_html);
+      fOut << "</p>\n</figure>\n"_html;
    }
 
    /// Seconds on the timeline's clock; no log is from before 1970.
@@ -155,38 +165,95 @@ private:
       fOut << TNumber{static_cast<std::uint64_t>(std::max<std::int64_t>(0, seconds))};
    }
 
+   /// How many of the newest records the page holds.
+   std::size_t CountRowsInPage() const
+   {
+      std::uint64_t bytes = 0;
+      std::size_t rows = 0;
+      while (rows < fEvents.GetCount() && rows < kMostRows && bytes < kMostBytes)
+         bytes += kBytesOfRow + fEvents.Get(rows++).fTextsLength;
+      return rows;
+   }
+
    void WriteRecords()
    {
-      const std::size_t rows = std::min(kMostRows, fEvents.GetCount());
-      fOut << "<section class=\"block\" id=\"t1\">\n<div class=\"block-head\">\n<h2 "
-              "id=\"t1-h\">Records</h2>\n<p class=\"count\">"_html
-           << TCount{fEvents.GetCount()} << (fEvents.GetCount() == 1 ? " row"_html : " rows"_html)
-           << "</p>\n</div>\n"_html;
-      if (rows > kRowsWorthSkipping)
-         fOut << "<a class=\"skip-rows\" href=\"#t1-end\">Skip the rows of Records</a>\n"_html;
+      const std::size_t rows = CountRowsInPage();
+      const bool isLong = rows < fEvents.GetCount();
+      fOut << "<section class=\"block\" id=\"t1\""_html;
+      if (isLong)
+         WriteFiles();
+      fOut << ">\n"_html;
+      WriteRecordsHead(rows);
       fOut << "<div class=\"scroll wide\" role=\"group\" tabindex=\"0\" aria-label=\"Records\">\n"
               "<table class=\"grid cols events\">\n<caption class=\"vh\">Records of all logs by "
-              "time</caption>\n<colgroup><col class=\"n\"><col class=\"w-14\">"_html;
-      if (fEvents.HasSeverities())
-         fOut << "<col class=\"w-9\">"_html;
-      fOut << "<col class=\"w-14\"><col class=\"w-11\"><col></colgroup>\n<thead>\n<tr><th "
-              "scope=\"col\" class=\"n\">Row</th><th "
-              "scope=\"col\" class=\"when\">Time</th>"_html;
-      if (fEvents.HasSeverities())
-         fOut << "<th scope=\"col\">Severity</th>"_html;
-      fOut << "<th scope=\"col\">Log</th><th scope=\"col\">Source</th><th scope=\"col\" "
-              "class=\"brk\">Message</th></tr>\n</thead>\n<tbody>\n"_html;
-      const std::uint64_t begin = fOut.GetFile().GetSize();
-      std::size_t written = 0;
-      for (; written < rows && fOut.GetFile().GetSize() - begin < kMostBytes; ++written)
-         WriteRecord(written);
-      fOut << "</tbody>\n</table>\n</div>\n<span class=\"end\" id=\"t1-end\" "
-              "tabindex=\"-1\"></span>\n"_html;
-      if (written < fEvents.GetCount())
-         fOut << "<p class=\"legend\">The newest "_html << TCount{written} << " of "_html
-              << TCount{fEvents.GetCount()}
-              << " records; the reports of the logs above have all of them.</p>\n"_html;
+              "time</caption>\n"_html;
+      WriteColumns();
+      fOut << "<tbody>\n"_html;
+      for (std::size_t row = 0; row < rows; ++row)
+         WriteRecord(row);
+      fOut << "</tbody>\n</table>\n</div>\n"_html;
+      if (isLong)
+         fOut << "<p class=\"table-note\" id=\"t1-end\" tabindex=\"-1\"><span class=\"held\">This "
+                 "page holds the newest "_html
+              << TCount{rows} << " of "_html << TCount{fEvents.GetCount()}
+              << " records.</span> The reports of the logs have all of them.</p>\n"_html;
+      else
+         fOut << "<span class=\"end\" id=\"t1-end\" tabindex=\"-1\"></span>\n"_html;
       fOut << "</section>\n"_html;
+   }
+
+   /// And where they are, for the script.
+   void WriteFiles()
+   {
+      std::vector<std::string> pageFiles;
+      for (const TEventTable& table : fEvents.GetTables())
+         pageFiles.push_back(GetPageFile(table));
+      const unsigned files = WriteTimelineFiles(fEvents, fRowFiles, fLogNames, pageFiles);
+      fOut << " data-rows=\""_html << TNumber{fEvents.GetCount()} << "\" data-files=\""_html
+           << TNumber{files} << "\""_html;
+      const TRowFileRange range = FindRowFiles(fEvents);
+      if (range.fFirst > 0)
+         fOut << " data-from=\""_html << TNumber{range.fFirst} << "\" data-to=\""_html
+              << TNumber{range.fLast} << "\""_html;
+   }
+
+   void WriteRecordsHead(std::size_t rows)
+   {
+      fOut << "<div class=\"block-head\">\n<h2 id=\"t1-h\">Records</h2>\n<p "
+              "class=\"count\"><output>"_html;
+      if (rows < fEvents.GetCount())
+         fOut << TCount{rows} << " of "_html;
+      fOut
+         << TCount{fEvents.GetCount()} << (fEvents.GetCount() == 1 ? " row"_html : " rows"_html)
+         << "</output></p>\n<div class=\"tools\">\n<label class=\"filter js-only\"><span "
+            "class=\"vh\">Filter Records</span><input type=\"search\" placeholder=\"Filter rows\" "
+            "autocomplete=\"off\"></label>\n<button type=\"button\" class=\"copy js-only\">Copy as "
+            "CSV</button>\n</div>\n</div>\n"_html;
+      if (rows > kRowsWorthSkipping)
+         fOut << "<a class=\"skip-rows\" href=\"#t1-end\">Skip the rows of Records</a>\n"_html;
+   }
+
+   void WriteColumns()
+   {
+      const bool hasSeverities = fEvents.HasSeverities();
+      fOut << "<colgroup><col class=\"n\"><col class=\"w-14\">"_html
+           << (hasSeverities ? "<col class=\"w-9\">"_html : ""_html)
+           << "<col class=\"w-14\"><col class=\"w-11\"><col></colgroup>\n<thead>\n<tr><th "
+              "scope=\"col\" class=\"n\">Row</th>"_html;
+      WriteColumn("Time"_html, "when"_html);
+      if (hasSeverities)
+         WriteColumn("Severity"_html, "severity"_html);
+      WriteColumn("Log"_html, "log"_html);
+      WriteColumn("Source"_html, "source"_html);
+      WriteColumn("Message"_html, "brk"_html);
+      fOut << "</tr>\n</thead>\n"_html;
+   }
+
+   void WriteColumn(TMarkup label, TMarkup look)
+   {
+      fOut << "<th scope=\"col\" class=\""_html << look
+           << "\" aria-sort=\"none\"><button type=\"button\" class=\"sort\">"_html << label
+           << "</button></th>"_html;
    }
 
    void WriteRecord(std::size_t place)
@@ -199,13 +266,13 @@ private:
       WriteTime(event, texts);
       if (fEvents.HasSeverities())
          WriteSeverity(event, texts);
-      fOut << "<td><a href=\""_html;
+      fOut << "<td class=\"log\"><a href=\""_html;
       WriteTableUrl(fEvents.GetTables()[event.fTable]);
       fOut << "-r"_html << TNumber{event.fRow} << "\">"_html
            << TText{texts.fLogName.empty() ? std::string_view(fLogNames[event.fTable])
                                            : texts.fLogName}
-           << "</a></td><td>"_html << TText{texts.fSource} << "</td><td class=\"brk\">"_html
-           << TText{texts.fMessage} << "</td></tr>\n"_html;
+           << "</a></td><td class=\"source\">"_html << TText{texts.fSource}
+           << "</td><td class=\"brk\">"_html << TText{texts.fMessage} << "</td></tr>\n"_html;
    }
 
    void WriteTime(const TEvent& event, const TEventTexts& texts)
@@ -226,11 +293,12 @@ private:
 
    void WriteSeverity(const TEvent& event, const TEventTexts& texts)
    {
-      fOut << "<td>"_html;
+      fOut << "<td class=\"severity\" data-severity=\""_html
+           << TNumber{static_cast<std::uint64_t>(event.fSeverity)} << "\">"_html;
       const EState state = GetState(event.fSeverity);
       if (state != EState::kNone) {
-         fOut << (state == EState::kFailed ? "<span class=\"state is-failed\">"_html
-                                           : "<span class=\"state is-attention\">"_html);
+         fOut << (state == EState::kFailed ? "<span class=\"told is-failed\">"_html
+                                           : "<span class=\"told is-attention\">"_html);
          WriteStateShape(fOut, state);
          fOut << TText{texts.fSeverity} << "</span>"_html;
       } else
@@ -241,6 +309,7 @@ private:
    THtmlSink& fOut;
    const THtmlSite& fSite;
    TEventLog& fEvents;
+   const TRowFiles& fRowFiles;
    /// By table.
    std::vector<std::string> fLogNames;
 };
@@ -248,7 +317,8 @@ private:
 }  // namespace
 
 void WriteTimeline(THtmlSink& out, const THtmlSite& site,
-                   const std::vector<TReportIndex::TPlace>& places, TEventLog& events)
+                   const std::vector<TReportIndex::TPlace>& places, TEventLog& events,
+                   const TRowFiles& rowFiles)
 {
-   TTimelinePage(out, site, places, events).Write();
+   TTimelinePage(out, site, places, events, rowFiles).Write();
 }

@@ -83,6 +83,19 @@ export function appendContent(parent: Element, cell: Cell): void {
     parent.append(link);
     return;
   }
+  if (cell.kind === "row") {
+    const link = document.createElement("a");
+    link.href = cell.second;
+    link.textContent = cell.text;
+    parent.append(link);
+    return;
+  }
+  if (cell.tellsState && cell.state) {
+    const mark = makeElement("span", `told is-${cell.state}`, "");
+    mark.append(makeGlyph(cell.state), cell.text);
+    parent.append(mark);
+    return;
+  }
   if (cell.kind === "score") return appendScore(parent, cell.text);
   if (cell.state) appendState(parent, cell.state, cell.text);
   parent.append(cell.text);
@@ -99,7 +112,7 @@ export function makeCell(cell: Cell, look: string): HTMLTableCellElement {
     if (cell.isChanged) classes.push("changed");
     if (cell.isMono) classes.push("mono");
     else if (cell.kind === "score") classes.push("score");
-    else if (cell.state === "failed" || cell.state === "attention") classes.push(`has-${cell.state}`);
+    else if (!cell.tellsState && (cell.state === "failed" || cell.state === "attention")) classes.push(`has-${cell.state}`);
     else if (look) classes.push(look);
   }
   if (classes.length > 0) element.className = classes.join(" ");

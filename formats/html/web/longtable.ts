@@ -8,7 +8,7 @@ import {
   Virtualizer,
 } from "@tanstack/virtual-core";
 import { appendContent, makeCell, withSecondText } from "./cells";
-import { getColumn, type Needle, parseRow, type RowFiles, type Segment } from "./rows";
+import { getColumn, type Needle, parseRow, type RowSource, type Segment } from "./rows";
 import type { TableBody } from "./table";
 
 /** Browsers cut elements that are higher. Units: pixels. */
@@ -45,7 +45,7 @@ export class LongBody implements TableBody {
   constructor(
     private readonly section: HTMLElement,
     private readonly table: HTMLTableElement,
-    private readonly files: RowFiles,
+    private readonly files: RowSource,
     private readonly onLoaded: () => void,
   ) {
     this.number = section.id.slice(1);

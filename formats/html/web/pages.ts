@@ -4,12 +4,17 @@ import { RowFiles } from "./rows";
 import { startSearch } from "./search";
 import { startTables } from "./table";
 import { startTheme } from "./theme";
+import { startTimeline } from "./timeline";
+import { TimelineRows } from "./timelinerows";
 
 startTheme();
 const files = new RowFiles();
 readAhead(files);
 document.addEventListener("DOMContentLoaded", () => {
-  startTables(files);
+  const longTimeline = document.querySelector<HTMLElement>(".timeline section.block[data-files]");
+  const rows = longTimeline && new TimelineRows(files, Number(longTimeline.dataset.files));
+  const tables = startTables((section) => (rows && section === longTimeline ? rows : files));
+  startTimeline(tables, rows);
   startSearch(files);
 });
 

@@ -6,11 +6,12 @@ const kCellEnd = "\x1f";
 const kSecond = "\x1d";
 
 export type State = "" | "ok" | "unknown" | "attention" | "failed";
-export type Kind = "text" | "file" | "score" | "frequencies";
+/** A row is a link to a row of another table; the script makes it. */
+export type Kind = "text" | "file" | "score" | "frequencies" | "row";
 
 export interface Cell {
   text: string;
-  /** The untranslated value, the name of a linked file or the frequencies. Missing: empty. */
+  /** The untranslated value, the name of a linked file, the address of a row or the frequencies. Missing: empty. */
   second: string;
   state: State;
   kind: Kind;
@@ -18,21 +19,37 @@ export interface Cell {
   isHeader: boolean;
   isSame: boolean;
   isChanged: boolean;
+  /** The text is the word for the state itself. */
+  tellsState: boolean;
 }
 
 /** A run of rows of one table as it stands in a row file. */
 export class Segment {
-  /** Where each row ends in the text. */
-  readonly ends: Uint32Array;
+  private ownText = "";
+  private ownEnds = new Uint32Array();
 
   constructor(
     /** Number of the first row, from 1. */
     readonly first: number,
-    readonly text: string,
+    text: string,
   ) {
+    if (text) this.setText(text);
+  }
+
+  get text(): string {
+    return this.ownText;
+  }
+
+  /** Where each row ends in the text. */
+  get ends(): Uint32Array {
+    return this.ownEnds;
+  }
+
+  protected setText(text: string): void {
     const ends: number[] = [];
     for (let at = text.indexOf(kRowEnd); at >= 0; at = text.indexOf(kRowEnd, at + 1)) ends.push(at);
-    this.ends = Uint32Array.from(ends);
+    this.ownText = text;
+    this.ownEnds = Uint32Array.from(ends);
   }
 
   get count(): number {
@@ -75,8 +92,14 @@ export interface PageFacts {
   title: string;
 }
 
+/** Where the rows of a long table come from. */
+export interface RowSource {
+  loadFiles(from: number, to: number): Promise<void>;
+  getSegments(page: number, table: number): Segment[];
+}
+
 /** What has been read so far. */
-export class RowFiles {
+export class RowFiles implements RowSource {
   readonly segments = new Map<string, Segment[]>();
   readonly tables = new Map<string, TableFacts>();
   pages: PageFacts[] = [];
@@ -115,16 +138,16 @@ export class RowFiles {
   /** Files from and to, both included. Throws: an Error that names the file that is missing. */
   async loadFiles(from: number, to: number): Promise<void> {
     const loads: Promise<void>[] = [];
-    for (let file = from; file <= to; ++file) loads.push(this.load(`rows/${file}.js`));
+    for (let file = from; file <= to; ++file) loads.push(this.loadScript(`rows/${file}.js`));
     await Promise.all(loads);
   }
 
   async loadIndex(): Promise<void> {
-    await this.load("rows/index.js");
+    await this.loadScript("rows/index.js");
   }
 
   /** Each file once. */
-  private load(source: string): Promise<void> {
+  loadScript(source: string): Promise<void> {
     const known = this.loads.get(source);
     if (known) return known;
     const load = new Promise<void>((resolve, reject) => {
@@ -154,6 +177,7 @@ export function getTableKey(page: number, table: number): string {
 const kStates: State[] = ["", "ok", "unknown", "attention", "failed"];
 const kKinds: Kind[] = ["file", "score", "frequencies"];
 const kFirstKind = 6;
+const kLastMark = 0x12;
 
 /** Reads a cell as the row files have it. */
 export function parseCell(raw: string): Cell {
@@ -166,16 +190,19 @@ export function parseCell(raw: string): Cell {
     isHeader: false,
     isSame: false,
     isChanged: false,
+    tellsState: false,
   };
   let at = 0;
-  for (; at < raw.length && raw.charCodeAt(at) <= 0x10 && raw[at] !== "\t" && raw[at] !== "\n"; ++at) {
+  for (; at < raw.length && raw.charCodeAt(at) <= kLastMark && raw[at] !== "\t" && raw[at] !== "\n"; ++at) {
     const mark = raw.charCodeAt(at);
     if (mark >= 1 && mark <= 4) cell.state = kStates[mark]!;
     else if (mark === 5) cell.isMono = true;
     else if (mark <= 8) cell.kind = kKinds[mark - kFirstKind]!;
     else if (mark === 0x0e) cell.isHeader = true;
     else if (mark === 0x0f) cell.isSame = true;
-    else cell.isChanged = true;
+    else if (mark === 0x10) cell.isChanged = true;
+    else if (mark === 0x11) cell.kind = "row";
+    else cell.tellsState = true;
   }
   const second = raw.indexOf(kSecond, at);
   cell.text = cell.isSame ? "same" : raw.slice(at, second < 0 ? undefined : second);
@@ -194,7 +221,7 @@ function getColumnText(text: string, begin: number, end: number, column: number)
     at = text.indexOf(kCellEnd, at) + 1;
     if (at === 0 || at > end) return "";
   }
-  while (at < end && text.charCodeAt(at) <= 0x10 && text[at] !== "\t" && text[at] !== "\n") ++at;
+  while (at < end && text.charCodeAt(at) <= kLastMark && text[at] !== "\t" && text[at] !== "\n") ++at;
   let stop = at;
   for (; stop < end; ++stop) {
     const code = text.charCodeAt(stop);

@@ -4,7 +4,7 @@ import { toCsv } from "./csv";
 import { LongBody } from "./longtable";
 import { sortRows } from "./order";
 import { PlainBody } from "./plaintable";
-import type { Needle, RowFiles } from "./rows";
+import type { Needle, RowSource } from "./rows";
 import { Needle as MakeNeedle } from "./rows";
 
 /** The rows of a table, wherever they are. Rows and columns are counted from 0. */
@@ -41,17 +41,18 @@ export class Table {
   private direction: Direction = "none";
   private sorted: Uint32Array;
   private order: Uint32Array;
+  private isWanted: ((row: number) => boolean) | null = null;
 
   constructor(
     private readonly section: HTMLElement,
-    files: RowFiles,
+    source: RowSource,
   ) {
     const table = section.querySelector("table")!;
     this.headers = [...table.querySelectorAll<HTMLTableCellElement>("thead th:not(.n)")];
     this.count = section.querySelector<HTMLOutputElement>(".count output");
     this.filter = section.querySelector<HTMLInputElement>(".filter input");
     this.body = section.dataset.rows
-      ? new LongBody(section, table, files, () => this.update())
+      ? new LongBody(section, table, source, () => this.update())
       : new PlainBody(table);
     this.sorted = makeIdentity(this.body.rowCount);
     this.order = this.sorted;
@@ -67,6 +68,16 @@ export class Table {
       this.update();
     }
     this.body.goTo(row - 1);
+  }
+
+  load(): Promise<void> {
+    return this.body.load();
+  }
+
+  /** Beside the filter box: which rows are shown at all. row: from 0. Missing: null for all. */
+  setFilter(isWanted: ((row: number) => boolean) | null): void {
+    this.isWanted = isWanted;
+    void this.refresh();
   }
 
   private listen(): void {
@@ -121,6 +132,7 @@ export class Table {
       const found = this.body.findRows(needle, this.showsSecondTexts);
       this.order = this.sorted.filter((row) => found[row] === 1);
     }
+    if (this.isWanted) this.order = this.order.filter(this.isWanted);
     this.body.show(this.order);
     this.tellCount();
   }
@@ -181,12 +193,12 @@ export function formatCount(count: number): string {
 
 const kRowAddress = /^#t(\d+)-r(\d+)(?:-c\d+)?$/;
 
-/** Sets up all tables of the page. */
-export function startTables(files: RowFiles): void {
+/** Sets up all tables of the page, by the names that addresses have for them. */
+export function startTables(getSource: (section: HTMLElement) => RowSource): Map<string, Table> {
   const tables = new Map<string, Table>();
   for (const section of document.querySelectorAll<HTMLElement>("section.block"))
     if (section.querySelector(".filter, .sort") || section.dataset.rows)
-      tables.set(section.id, new Table(section, files));
+      tables.set(section.id, new Table(section, getSource(section)));
 
   const goToAddress = () => {
     const address = kRowAddress.exec(location.hash);
@@ -195,4 +207,5 @@ export function startTables(files: RowFiles): void {
   };
   window.addEventListener("hashchange", goToAddress);
   goToAddress();
+  return tables;
 }

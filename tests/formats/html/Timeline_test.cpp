@@ -130,6 +130,32 @@ TEST_F(Timeline, OneTimeInTwoZonesIsOfNoKnownZone)
                            "2009-10-25 02:30:00 zone unknown|summer"));
 }
 
+TEST_F(Timeline, AboveItsRowsThePageNamesTheFilesOfTheOrder)
+{
+   std::string instances;
+   for (int i = 0; i < 2001; ++i)
+      instances += "instance of ZANSG_LinuxEventLogRecord { RecordID = \"" + std::to_string(i) +
+                   "\"; LogName = \"a\"; Message = \"m\"; MessageTimestamp = \"200906171200" +
+                   std::to_string(10 + i % 50) + ".000000+060\"; };\n";
+   Write(instances + R"(
+      instance of ZANSG_LogRecord { RecordID = "x"; LogName = "Other"; Message = "\"quoted\"";
+         MessageTimestamp = "20090617130000.000000+060"; };
+      instance of ZANSG_QSXLogRecord { RecordID = "4"; Type = "Error"; Message = "undated"; };)");
+   EXPECT_THAT(fPage,
+               HasSubstr("data-rows=\"2003\" data-files=\"1\" data-from=\"1\" data-to=\"1\""));
+   EXPECT_EQ(2000u, GetRecords().size());
+   const std::string files = fFolder.Read("rows/timeline1.js");
+   EXPECT_THAT(files, HasSubstr("qsxEventTables(1,1245240010,[[0,1,\"syslog_a.html\",\"a\",1,1,"
+                                "[0,-1,-1,1,2,-1]]"));
+   EXPECT_THAT(files, HasSubstr("qsxEvents([1,1,3541,0,0,2000,0,0,"))
+      << "an hour above the log's last";
+   EXPECT_THAT(files, HasSubstr(",2,1,0,11]);")) << "an error without a date";
+   EXPECT_THAT(
+      files,
+      HasSubstr("qsxEventText(0,\"2009-06-17 13:00:00\x1F\x1F\x1F\\\"quoted\\\"\x1FOther\");"))
+      << "few records have to come from the merged log";
+}
+
 TEST_F(Timeline, IsNotThereWithoutRecords)
 {
    Write("");

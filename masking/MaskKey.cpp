@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "MaskRules.h"
+#include "NoIdentifiers.h"
 
 namespace NZANQSX20 {
 
@@ -67,7 +68,9 @@ std::string FindMachineSecret(const TMemoryStore& store)
                FindMaskKind(*storedClass, storedClass->GetSlotName(shape.fSlots[i]));
             const bool isText = value.GetType() == TCIMValue::TCIMType::kString &&
                                 !value.IsNull() && !value.IsArray();
-            if (isText && (kind == EMaskKind::kUUID || kind == EMaskKind::kSerial))
+            const bool mayIdentify = kind == EMaskKind::kUUID || kind == EMaskKind::kSerial;
+            // A placeholder is the same on many machines.
+            if (isText && mayIdentify && !IdentifiesNobody(kind, value.GetText()))
                parts.emplace(value.GetText());
          }
       }

@@ -179,6 +179,10 @@ TEST(TMask, OneKeyGivesOneStandInAndAnotherKeyAnother)
 
    EXPECT_EQ("AB12CD34\n", FindMachineSecret(*MakeStore(kClasses + later)));
    EXPECT_THAT(FindMachineSecret(*MakeStore(kClasses)), IsEmpty());
+   EXPECT_THAT(FindMachineSecret(
+                  *MakeStore(kClasses + std::string(R"(instance of T_ComputerSystem { Name = "x";
+                  SerialNumber = "To be filled by O.E.M."; UUID = "00000000"; };)"))),
+               IsEmpty());
    EXPECT_EQ(DeriveMaskKey("a"), DeriveMaskKey("a"));
    EXPECT_NE(DeriveMaskKey("a"), DeriveMaskKey("b"));
 }

@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "html/THtmlWriter.h"
+#include "json/TJsonReportWriter.h"
+#include "text/TTextReportWriter.h"
 #include "trace/TTraceWriter.h"
 #include "trace/TTraceWriter_vmwesxi.h"
 
@@ -34,10 +36,9 @@ template <typename Writer, typename Concrete>
 class TPagesRun : public IWriterRun<Writer>
 {
 public:
-   explicit TPagesRun(const TWriterSettings& settings)
-      : fWriter(settings.fOnPage,
-                THtmlOptions{settings.fBaseDirectory, settings.fSource, settings.fWritten,
-                             settings.fProgram, settings.fComparedFiles})
+   template <typename Options>
+   TPagesRun(const TWriterSettings& settings, const Options& options)
+      : fWriter(settings.fOnPage, options)
    {}
 
    Writer& GetWriter() override { return fWriter; }
@@ -82,14 +83,23 @@ private:
    TToldWriter<Concrete> fWriter;
 };
 
-std::unique_ptr<IWriterRun<TWriter>> MakeHtmlRun(const TWriterSettings& settings)
+THtmlOptions GetHtmlOptions(const TWriterSettings& settings)
 {
-   return std::make_unique<TPagesRun<TWriter, THtmlWriter>>(settings);
+   return {settings.fBaseDirectory, settings.fSource, settings.fWritten, settings.fProgram,
+           settings.fComparedFiles};
 }
 
-std::unique_ptr<IWriterRun<TWriter_vmwesxi>> MakeHypervisorHtmlRun(const TWriterSettings& settings)
+TDocumentOptions GetDocumentOptions(const TWriterSettings& settings)
 {
-   return std::make_unique<TPagesRun<TWriter_vmwesxi, THtmlWriter_vmwesxi>>(settings);
+   return {settings.fBaseDirectory, settings.fSource,        settings.fWritten,
+           settings.fProgram,       settings.fComparedFiles, settings.fIsOneFile};
+}
+
+/// Of either kind of run, for a concrete writer of that kind.
+template <typename Writer, typename Concrete, auto GetOptions>
+std::unique_ptr<IWriterRun<Writer>> MakePagesRun(const TWriterSettings& settings)
+{
+   return std::make_unique<TPagesRun<Writer, Concrete>>(settings, GetOptions(settings));
 }
 
 std::unique_ptr<IWriterRun<TWriter>> MakeTraceRun(const TWriterSettings& settings)
@@ -112,9 +122,19 @@ const std::vector<TFormat>& GetFormats()
 {
    static const std::vector<TFormat> kFormats = {
       {"html", "pages that open in a browser, from the file system", false, "index.html", nullptr,
-       MakeHtmlRun, MakeHypervisorHtmlRun},
+       nullptr, MakePagesRun<TWriter, THtmlWriter, GetHtmlOptions>,
+       MakePagesRun<TWriter_vmwesxi, THtmlWriter_vmwesxi, GetHtmlOptions>},
+      {"json", "a JSON document per report and an index, by docs/report.schema.json", false,
+       "index.json", nullptr, TJsonReportWriter::kOneFileName,
+       MakePagesRun<TWriter, TJsonReportWriter, GetDocumentOptions>,
+       MakePagesRun<TWriter_vmwesxi, TJsonReportWriter_vmwesxi, GetDocumentOptions>},
+      {"text", "plain text for a terminal or a mail, 100 columns wide", false, "index.txt", nullptr,
+       TTextReportWriter::kOneFileName,
+       MakePagesRun<TWriter, TTextReportWriter, GetDocumentOptions>,
+       MakePagesRun<TWriter_vmwesxi, TTextReportWriter_vmwesxi, GetDocumentOptions>},
       {"trace", "every call that the library makes on a writer, a JSON object a line", true,
-       TTraceFile::kName, TTraceFile::kName, MakeTraceRun, MakeHypervisorTraceRun},
+       TTraceFile::kName, TTraceFile::kName, TTraceFile::kName, MakeTraceRun,
+       MakeHypervisorTraceRun},
    };
    return kFormats;
 }

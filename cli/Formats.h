@@ -22,6 +22,8 @@ struct TWriterSettings
    /// compare: the file of each system. Missing: empty with the other commands.
    std::vector<std::string> fComparedFiles;
    std::string fWritten;
+   /// The run is to be one file, for standard output.
+   bool fIsOneFile = false;
    std::string fProgram;
    /// Told the link name of each page that is begun.
    std::function<void(const std::string&)> fOnPage;
@@ -65,6 +67,8 @@ struct TFormat
    const char* fEntryFile;
    /// The file that stays when the run fails; null where none does.
    const char* fKeptFile;
+   /// The file that holds all of a run that is to be one; null where a run is many files.
+   const char* fOneFile;
    std::unique_ptr<IWriterRun<TWriter>> (*fMakeRun)(const TWriterSettings& settings);
    std::unique_ptr<IWriterRun<TWriter_vmwesxi>> (*fMakeHypervisorRun)(
       const TWriterSettings& settings);

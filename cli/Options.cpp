@@ -142,7 +142,8 @@ void AddOutputOptions(CLI::App& command, TParsedLine& line)
 {
    TOptions& options = line.fOptions;
    command
-      .add_option("-o,--output", options.fOutput, "Output folder; it appears whole or not at all")
+      .add_option("-o,--output", options.fOutput,
+                  "Output folder; it appears whole or not at all; - is standard output")
       ->type_name("DIR")
       ->group("Output");
    command.add_flag("--force", options.fForce, "Replace an output folder that is not empty")
@@ -438,6 +439,19 @@ void CheckMaskOptions(const TOptions& options)
       FailUsage("--term, --terms, --key and --map need --mask");
 }
 
+/// Standard output takes what is one file.
+void CheckStandardOutput(const TOptions& options)
+{
+   if (!WritesPages(options.fCommand) || options.fOutput != "-")
+      return;
+   std::vector<std::string> names;
+   for (const TFormat& format : GetFormats())
+      if (format.fOneFile != nullptr)
+         names.emplace_back(format.fName);
+   if (options.fFormats.size() != 1 || options.fFormats.front().fFormat->fOneFile == nullptr)
+      FailUsage(fmt::format("standard output takes one format: {}", fmt::join(names, ", ")));
+}
+
 TOptions CheckOptions(const CLI::App& command, TParsedLine& line)
 {
    TOptions& options = line.fOptions;
@@ -471,6 +485,7 @@ TOptions CheckOptions(const CLI::App& command, TParsedLine& line)
       options.fForm = ReadForm(line.fForm, options.fOutput);
    }
    options.fFormats = ReadFormats(line.fFormats);
+   CheckStandardOutput(options);
    if (options.fBaseDirectory.empty())
       options.fBaseDirectory = GetDataFolder();
    return options;

@@ -1,7 +1,12 @@
 #include "PageRun.h"
 
+#include <unistd.h>
+
 #include <cstdlib>
 #include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
 #include <new>
 #include <optional>
 
@@ -59,6 +64,20 @@ private:
    IFormatRun& fRun;
 };
 
+bool IsStandardOutput(const TOptions& options)
+{
+   return options.fOutput == "-";
+}
+
+/// Where the run is staged. What goes to standard output is staged, too: it comes whole or not at
+/// all.
+std::string GetTarget(const TOptions& options)
+{
+   if (!IsStandardOutput(options))
+      return options.fOutput;
+   return std::filesystem::temp_directory_path() / fmt::format("qsxreport-{}", getpid());
+}
+
 /// One run of the library in one format. Throws: TCommandFailure.
 class TFormatRunner
 {
@@ -72,6 +91,7 @@ public:
       TWriterSettings settings;
       settings.fOutputDirectory = fFolder.GetWorkFolder(GetSubfolder(choice));
       settings.fFormatName = choice.fName;
+      settings.fIsOneFile = IsStandardOutput(fOptions);
       settings.fBaseDirectory = fOptions.fBaseDirectory;
       settings.fSource = DescribeSource(fOptions);
       if (fOptions.fCommand == ECommand::kCompare)
@@ -102,13 +122,29 @@ private:
    TOutputFolder& fFolder;
 };
 
+void PrintFile(const std::string& path)
+{
+   std::ifstream file(path, std::ios::binary);
+   std::cout << file.rdbuf();
+}
+
+/// The only format of a run for standard output.
+void Print(const TOptions& options, TOutputFolder& folder)
+{
+   PrintFile(folder.GetWorkFolder("") + '/' + options.fFormats.front().fFormat->fOneFile);
+}
+
 /// Puts the files that outlive a failed run into the target.
 void KeepFiles(const TOptions& options, const TFormatRunner& runner, TOutputFolder& folder)
 {
    for (const TFormatChoice& choice : options.fFormats) {
       const std::string subfolder = runner.GetSubfolder(choice);
       const char* name = choice.fFormat->fKeptFile;
-      if (name != nullptr && folder.HasFile(subfolder, name))
+      if (name == nullptr || !folder.HasFile(subfolder, name))
+         continue;
+      if (IsStandardOutput(options))
+         Print(options, folder);
+      else
          folder.PublishFile(subfolder, name);
    }
 }
@@ -119,6 +155,14 @@ std::vector<std::string> GetInputs(const TOptions& options)
    inputs.push_back(options.fFindings);
    inputs.push_back(options.fLogFile);
    return inputs;
+}
+
+void Publish(const TOptions& options, TOutputFolder& folder)
+{
+   if (IsStandardOutput(options))
+      Print(options, folder);
+   else
+      folder.Publish();
 }
 
 void TellEntry(const TOptions& options, const TFormatRunner& runner, TConsole& console)
@@ -136,7 +180,7 @@ void WriteFormats(const TOptions& options, TConsole& console,
                   const std::function<TRunInFormat(TRunLog& log)>& read)
 {
    TRunLog log(options, console);
-   TOutputFolder folder(options.fOutput, options.fForce, GetInputs(options));
+   TOutputFolder folder(GetTarget(options), options.fForce, GetInputs(options));
    TFormatRunner runner(options, console, folder);
    try {
       for (const TFormatChoice& choice : options.fFormats) {
@@ -145,7 +189,7 @@ void WriteFormats(const TOptions& options, TConsole& console,
             folder.Stage();
          runner.Run(choice, runInFormat);
       }
-      folder.Publish();
+      Publish(options, folder);
    } catch (const TCommandFailure&) {
       if (folder.IsStaged())
          KeepFiles(options, runner, folder);
@@ -154,7 +198,8 @@ void WriteFormats(const TOptions& options, TConsole& console,
    log.Finish();
    if (log.HasErrors())
       console.Warning("some results are missing or unsorted; -v tells which");
-   TellEntry(options, runner, console);
+   if (!IsStandardOutput(options))
+      TellEntry(options, runner, console);
 }
 
 void RunFormat(IFormatRun& run, TRunLog& log, const std::function<void()>& write)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "definitions/TReportParameters.h"
-#include "trace/Json.h"
+#include "common/Json.h"
 
 // A report definition as JSON, every setting of it, in a fixed order of the keys. The trace and the
 // printed catalogue share this form.

@@ -1,4 +1,4 @@
-#include "trace/Json.h"
+#include "common/Json.h"
 
 #include "common/Utf8.h"
 

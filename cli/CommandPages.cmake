@@ -12,11 +12,11 @@ foreach(manual IN LISTS manuals)
   if(command STREQUAL "qsxreport")
     set(name qsxreport)
   endif()
-  add_custom_command(OUTPUT ${share}/man/man1/${name}.1 DEPENDS qsxreport ${manual} VERBATIM
+  add_custom_command(OUTPUT ${share}/man/man1/${name}.1.gz DEPENDS qsxreport ${manual} VERBATIM
     COMMAND ${CMAKE_COMMAND} -E make_directory ${share}/man/man1
-    COMMAND sh -c "\"$1\" manual \"$2\" < \"$3\" | \"$4\" > \"$5\"" sh $<TARGET_FILE:qsxreport> ${command} ${manual}
-      ${QSX_SCDOC} ${share}/man/man1/${name}.1)
-  list(APPEND pages ${share}/man/man1/${name}.1)
+    COMMAND sh -c "\"$1\" manual \"$2\" < \"$3\" | \"$4\" | gzip -9n > \"$5\"" sh $<TARGET_FILE:qsxreport> ${command} ${manual}
+      ${QSX_SCDOC} ${share}/man/man1/${name}.1.gz)
+  list(APPEND pages ${share}/man/man1/${name}.1.gz)
 endforeach()
 # Where each shell looks: its name, folder and file.
 foreach(shell IN ITEMS "bash bash-completion/completions qsxreport" "zsh zsh/vendor-completions _qsxreport"

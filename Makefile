@@ -8,7 +8,7 @@ TOOL := build/release/bin/qsxreport
 # What stands in a folder of this tree is ours to replace; a folder of yours needs FORCE=--force.
 FORCE ?= $(if $(filter out/%,$(OUT)),--force)
 
-.PHONY: help report example hypervisor compare build test sanitize setup format clean
+.PHONY: release help report example hypervisor compare build test sanitize setup format clean
 
 help:
 	@echo "make report                          pages of this machine"
@@ -54,6 +54,14 @@ test: build/release/build.ninja
 sanitize: build/asan-ubsan/build.ninja
 	@cmake --build --preset asan-ubsan
 	@ctest --preset asan-ubsan
+
+# What a release must pass beyond the tests: its packages in an empty Debian, its interface against the recorded one.
+release: build/release/build.ninja
+	@packaging/install-packages release-packages.txt
+	@cmake --build --preset release -- --quiet
+	@packaging/make-packages
+	@packaging/try-packages
+	@packaging/check-abi
 
 setup:
 	@packaging/install-packages

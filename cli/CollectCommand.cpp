@@ -16,6 +16,7 @@
 #include "MaskedOutput.h"
 #include "Options.h"
 #include "StagedFile.h"
+#include "Version.h"
 #include "machine/TMachine.h"
 #include "writers/CollectionForm.h"
 
@@ -78,9 +79,9 @@ void TellGaps(const boost::shared_ptr<TMemoryStore>& store, TConsole& console)
 
 boost::shared_ptr<TMemoryStore> Collect(const TMachine& machine, TConsole& console)
 {
-   return NZANQSX20::CollectMachine(machine, QSX_VERSION, [&](const std::string& subject) {
-      console.Progress("Collecting: " + subject);
-   });
+   return NZANQSX20::CollectMachine(
+      machine, {QSX_VERSION, GetCommit()},
+      [&](const std::string& subject) { console.Progress("Collecting: " + subject); });
 }
 
 // Both look at the place before the work: one that can't be written is told at once.

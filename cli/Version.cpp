@@ -4,7 +4,12 @@
 
 std::string GetVersionText()
 {
-   std::string text = std::string("qsxreport ") + QSX_VERSION;
-   const std::string commit = QSX_COMMIT;
+   const std::string text = std::string("qsxreport ") + QSX_VERSION;
+   const std::string commit = GetCommit();
    return commit.empty() ? text : text + " (" + commit + ")";
+}
+
+std::string GetCommit()
+{
+   return QSX_COMMIT;
 }

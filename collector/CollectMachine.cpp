@@ -8,11 +8,14 @@
 namespace NZANQSX20 {
 
 boost::shared_ptr<TMemoryStore> CollectMachine(
-   const TMachine& machine, const std::string& version,
+   const TMachine& machine, const TCollectorVersion& version,
    const std::function<void(const std::string& subject)>& begin)
 {
    TCollected collected;
-   collected.Add("ZANSG_QSXProduct").Set("Name", "qsxreport collect").Set("Version", version);
+   collected.Add("ZANSG_QSXProduct")
+      .Set("Name", "qsxreport collect")
+      .Set("Version", version.fVersion)
+      .Set("Build", version.fBuild);
    for (const TSubject& subject : GetSubjects()) {
       if (begin)
          begin(subject.fName);

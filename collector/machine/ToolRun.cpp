@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <chrono>
 #include <csignal>
 #include <ctime>
 
@@ -22,7 +21,6 @@ namespace {
 
 using TClock = std::chrono::steady_clock;
 
-constexpr std::chrono::seconds kDeadline(10);
 constexpr std::size_t kErrorCap = 4096;
 /// How long a killed program may take to end; one that hangs in the kernel is left to itself.
 constexpr std::chrono::milliseconds kPatience(500);
@@ -179,7 +177,7 @@ void Finish(pid_t process, TClock::time_point deadline, TReading& reading)
 }  // namespace
 
 TReading RunProgram(const std::string& path, const std::string& name,
-                    const std::vector<std::string>& arguments)
+                    const std::vector<std::string>& arguments, std::chrono::milliseconds deadline)
 {
    TReading reading;
    reading.fSource = path;
@@ -191,14 +189,14 @@ TReading RunProgram(const std::string& path, const std::string& name,
    }
    std::vector<std::string> words = {name};
    words.insert(words.end(), arguments.begin(), arguments.end());
-   const auto deadline = TClock::now() + kDeadline;
+   const auto end = TClock::now() + deadline;
    const pid_t process = Start(path, std::move(words), output, errors, reading);
    if (process == 0)
       return reading;
    output.CloseIn();
    errors.CloseIn();
-   TakeOutput(output.fOut, errors.fOut, deadline, reading);
-   Finish(process, deadline, reading);
+   TakeOutput(output.fOut, errors.fOut, end, reading);
+   Finish(process, end, reading);
    return reading;
 }
 

@@ -38,6 +38,15 @@ void AddBoard(TCollected& collected, const std::function<std::string(const char*
       .Set("SerialNumber", identity("board_serial"));
 }
 
+/// A virtual machine may have neither.
+void NameMissingDescription(const TMachine& machine, TCollected& collected)
+{
+   constexpr const char* kFolder = "/sys/class/dmi/id";
+   if (!machine.Exists(kFolder) && !machine.Exists("/proc/device-tree"))
+      collected.AddGap({"Maker, model and serial number", {"ZANSG_ComputerSystem", "ZANSG_Card"}},
+                       kFolder, EReason::kNotPresent, "the firmware describes no machine");
+}
+
 }  // namespace
 
 void CollectComputerSystem(const TMachine& machine, TCollected& collected)
@@ -54,6 +63,7 @@ void CollectComputerSystem(const TMachine& machine, TCollected& collected)
       .Set("Version", identity("product_version"))
       .Set("SerialNumber", either(identity("product_serial"), ReadTree(machine, "serial-number")))
       .Set("UUID", identity("product_uuid"));
+   NameMissingDescription(machine, collected);
    if (machine.Exists("/sys/class/dmi/id/board_name"))
       AddBoard(collected, identity);
 }

@@ -27,7 +27,7 @@ void ExpectSound(TMemoryStore& store, const std::string& text)
 std::string Collect(const std::string& tree)
 {
    const TFixtureRoot root(tree);
-   const auto store = CollectMachine(TMachine(root.GetPath()), "1.2.3");
+   const auto store = CollectMachine(TMachine(root.GetPath()), {"1.2.3"});
    const std::string text = DescribeInstances(store);
    ExpectSound(*store, text);
    return text;

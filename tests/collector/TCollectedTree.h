@@ -20,7 +20,7 @@ public:
    {
       const TFixtureRoot root(text);
       const NZANQSX20::TMachine machine(root.GetPath());
-      Take(DescribeInstances(NZANQSX20::CollectMachine(machine, "test")));
+      Take(DescribeInstances(NZANQSX20::CollectMachine(machine, {"test"})));
    }
 
    /// Missing: "no such instance", and an empty text for a null.

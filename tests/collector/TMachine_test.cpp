@@ -81,6 +81,8 @@ TEST(ToolRun, EndsAToolAtTheCapOrTheDeadlineWithAllItStarted)
    const TReading endless = RunProgram("/usr/bin/yes", "yes", {});
    EXPECT_EQ(endless.fReason, EReason::kTooLong);
    EXPECT_EQ(endless.fText.size(), kToolOutputCap);
+   const auto deadline = std::chrono::milliseconds(100);
+   EXPECT_EQ(RunProgram("/usr/bin/sleep", "sleep", {"60"}, deadline).fReason, EReason::kTimedOut);
    const TReading environment = RunProgram("/usr/bin/env", "env", {});
    EXPECT_EQ(environment.fText, "LC_ALL=C\nPATH=/usr/sbin:/usr/bin:/sbin:/bin\n");
    EXPECT_EQ(RunProgram("/usr/bin/cat", "cat", {}).fText, "");

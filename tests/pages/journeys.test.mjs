@@ -84,7 +84,7 @@ test("a long table has the rows of the window only, and every one of them can be
   await browser.with("long/processes.html", {}, async (tab) => {
     await waitForCount(tab, "5,000 rows");
     assert.equal(await tab.getAttribute("#t1 table", "aria-rowcount"), String(kLongRows + 1));
-    assert.ok((await tab.$$("#t1 tbody tr")).length < 100);
+    assert.ok(await tab.locator("#t1 tbody tr").count() < 100);
     await tab.$eval("#t1 .scroll", (box) => (box.scrollTop = box.scrollHeight));
     await tab.waitForSelector(`#t1-r${kLongRows}`);
     const row = await tab.$eval(`#t1-r${kLongRows}`, (element) => ({
@@ -161,7 +161,7 @@ test("everything can be reached by keyboard", async () => {
 test("without scripts every table can be read, and a long one leads to all of its rows", async () => {
   await browser.with("long/processes.html", { javaScriptEnabled: false }, async (tab) => {
     assert.equal(await readCount(tab), "2,000 of 5,000 rows");
-    assert.equal((await tab.$$("#t1 tbody tr")).length, 2000);
+    assert.equal(await tab.locator("#t1 tbody tr").count(), 2000);
     assert.equal(await tab.isVisible("#t1-r2000"), true);
     assert.equal(await tab.isVisible("#t1 .filter"), false);
     assert.equal(await tab.isVisible("#search"), false);
@@ -181,8 +181,8 @@ test("a page prints without side bar and tools, a long table with its first rows
   await browser.with("long/processes.html", {}, async (tab) => {
     await waitForCount(tab, "5,000 rows");
     await tab.evaluate(() => dispatchEvent(new Event("beforeprint")));
-    assert.equal((await tab.$$("#t1 tbody tr")).length, 2000);
+    assert.equal(await tab.locator("#t1 tbody tr").count(), 2000);
     await tab.evaluate(() => dispatchEvent(new Event("afterprint")));
-    assert.ok((await tab.$$("#t1 tbody tr")).length < 100);
+    assert.ok(await tab.locator("#t1 tbody tr").count() < 100);
   });
 });

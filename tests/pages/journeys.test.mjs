@@ -19,6 +19,24 @@ async function waitForCount(tab, text) {
   await tab.waitForFunction((wanted) => document.querySelector("#t1 .count output").textContent === wanted, text);
 }
 
+test("the front page leads to the failed drive's very cell", async () => {
+  await browser.with("windows/index.html", {}, async (tab) => {
+    const source = tab.locator(".health tbody.has-failed tr", { hasText: "defunct" }).locator(".c-source a").first();
+    const [, value] = (await source.textContent()).split(" = ");
+    await source.click();
+    await tab.waitForSelector(":target");
+    const cell = await tab.$eval(":target", (target) => ({
+      text: target.textContent,
+      top: target.getBoundingClientRect().top,
+      ground: getComputedStyle(target).backgroundColor,
+      plain: getComputedStyle(document.body).backgroundColor,
+    }));
+    assert.ok(cell.text.includes(value), `${cell.text} has ${value}`);
+    assert.ok(cell.top > 0 && cell.top < 900, "the cell is on the screen");
+    assert.notEqual(cell.ground, cell.plain);
+  });
+});
+
 test("a table is sorted by magnitude, then the other way, then as collected", async () => {
   await browser.with("linux/processes.html", {}, async (tab) => {
     const labels = await tab.$$eval("#t1 thead th", (cells) => cells.map((cell) => cell.textContent));

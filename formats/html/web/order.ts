@@ -131,8 +131,16 @@ class NaturalKeys {
     const seen = new Uint8Array(0x10000);
     let length = 0;
     for (const text of texts) {
-      length += 3 * Math.min(text.length, limit) + (text.length > limit ? kLongestNumber : 0);
-      for (let i = Math.min(text.length, limit) - 1; i >= 0; --i) seen[text.charCodeAt(i)] = 1;
+      const end = Math.min(text.length, limit);
+      let wasDigit = false;
+      for (let i = 0; i < end; ++i) {
+        const code = text.charCodeAt(i);
+        seen[code] = 1;
+        const digit = isDigit(code);
+        length += digit && !wasDigit ? 3 : 1;
+        wasDigit = digit;
+      }
+      if (wasDigit && text.length > limit) length += kLongestNumber;
     }
     seen[kZero] = 1;
     const ranks = makeRanks(seen);
@@ -170,7 +178,7 @@ class NaturalKeys {
       const lengthAt = at + 1;
       at += 2;
       // A number that the limit cuts counts whole, up to a length that no number of a report has.
-      const stop = Math.min(text.length, i + kLongestNumber);
+      const stop = Math.min(text.length, Math.max(end, i + kLongestNumber));
       for (; i < stop && isDigit(text.charCodeAt(i)); ++i) units[at++] = text.charCodeAt(i) - kZero + 1;
       units[lengthAt] = at - lengthAt;
     }

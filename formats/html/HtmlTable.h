@@ -70,6 +70,7 @@ private:
    void WriteCell(const TCell& cell, std::size_t column, bool isHeader, bool isChanged);
    void WriteAttributeCell(TCell cell, const TDriveAttribute& attribute);
 
+   // In HtmlTableFrame.cpp.
    void WriteHead();
    void WriteSectionTag();
    void WriteTableTag();

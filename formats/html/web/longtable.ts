@@ -111,9 +111,7 @@ export class LongBody implements TableBody {
     this.table.tHead?.rows[0]?.setAttribute("aria-rowindex", "1");
     this.tell("Choose a row to read it whole.");
     this.measureRow();
-    this.virtualizer = new Virtualizer<HTMLElement, HTMLElement>({
-      ...this.makeOptions(),
-    });
+    this.virtualizer = new Virtualizer<HTMLElement, HTMLElement>(this.makeOptions());
     this.virtualizer._didMount();
     this.virtualizer._willUpdate();
     this.body.addEventListener("click", (event) => this.chooseRow(event));
@@ -122,16 +120,13 @@ export class LongBody implements TableBody {
   }
 
   private makeOptions() {
-    const count = this.order.length;
-    // Where the rows are too many for the height of an element each takes less of the scroll bar than of
-    // the window; the last ones get the rest as padding.
-    const scrolled = Math.min(this.rowHeight, kHighest / Math.max(1, count));
-    const windowHeight = this.box.clientHeight;
+    const scrolled = this.scrolledHeight;
     return {
-      count,
+      count: this.order.length,
       getScrollElement: () => this.box,
       estimateSize: () => scrolled,
-      paddingEnd: scrolled < this.rowHeight ? windowHeight * (1 - scrolled / this.rowHeight) : 0,
+      // The last rows need as much of the window as they are high.
+      paddingEnd: scrolled < this.rowHeight ? this.highestBox * (1 - scrolled / this.rowHeight) + this.rowHeight : 0,
       overscan: kRowsBesideWindow,
       // The header row stands above the rows and stays in the window.
       scrollMargin: this.headerHeight,
@@ -141,6 +136,16 @@ export class LongBody implements TableBody {
       observeElementOffset,
       onChange: () => this.render(),
     };
+  }
+
+  /** The box is as high as its rows until it scrolls. */
+  private get highestBox(): number {
+    return Number.parseFloat(getComputedStyle(this.box).maxHeight) || window.innerHeight;
+  }
+
+  /** What a row takes of the scroll bar: less than of the window where all rows are too many for an element. */
+  private get scrolledHeight(): number {
+    return Math.min(this.rowHeight, kHighest / Math.max(1, this.order.length));
   }
 
   /** As wide as the rows of the page ask for; what is missing is taken from the widest texts. */
@@ -239,28 +244,41 @@ export class LongBody implements TableBody {
     this.render();
   }
 
+  /** Which rows stand in the window, and how far from the first row of the table the first of them does. */
+  private getWindow(): { first: number; end: number; above: number } {
+    const { scrolledHeight, rowHeight } = this;
+    const offset = this.virtualizer?.scrollOffset ?? 0;
+    const top = Math.min(Math.floor(offset / scrolledHeight), Math.max(0, this.order.length - 1));
+    const before = Math.min(kRowsBesideWindow, Math.floor((top * scrolledHeight) / rowHeight));
+    const inWindow = Math.ceil(this.highestBox / rowHeight) + 1;
+    return {
+      first: top - before,
+      end: Math.min(this.order.length, top + inWindow + kRowsBesideWindow),
+      above: top * scrolledHeight - before * rowHeight,
+    };
+  }
+
   private render(): void {
     if (!this.virtualizer) return;
-    const items = this.virtualizer.getVirtualItems();
-    const rows: HTMLTableRowElement[] = [];
+    const { first, end, above } = this.getWindow();
+    const elements: HTMLTableRowElement[] = [];
     const wanted = new Set<number>();
-    for (const item of items) {
-      const row = this.order[item.index];
-      if (row === undefined) continue;
+    for (let place = first; place < end; ++place) {
+      const row = this.order[place]!;
       wanted.add(row);
       let element = this.shown.get(row);
       if (!element) {
         element = this.makeRow(row);
         this.shown.set(row, element);
       }
-      element.setAttribute("aria-rowindex", String(item.index + 2));
-      rows.push(element);
+      element.setAttribute("aria-rowindex", String(place + 2));
+      elements.push(element);
     }
     for (const row of this.shown.keys()) if (!wanted.has(row)) this.shown.delete(row);
-    const start = items.length > 0 ? items[0]!.start - this.headerHeight : 0;
-    setHeight(this.above, start);
-    setHeight(this.below, this.virtualizer.getTotalSize() - start - rows.length * this.rowHeight);
-    this.body.replaceChildren(this.above, ...rows, this.below);
+    const all = this.virtualizer.getTotalSize();
+    setHeight(this.above, above);
+    setHeight(this.below, all - above - elements.length * this.rowHeight);
+    this.body.replaceChildren(this.above, ...elements, this.below);
   }
 
   /** Paper has no window: as many rows as a page without scripts has. */

@@ -6,7 +6,8 @@ namespace NZANQSX20 {
 enum class EMaskKind
 {
    kNone,
-   /// Text in which numbers with dots are versions: nothing in it is taken for an address.
+   /// Text in which numbers with dots are versions: nothing in it is taken for
+   /// an address.
    kVersion,
    kSerial,
    kUUID,
@@ -26,6 +27,12 @@ enum class EMaskKind
    kSecret,
    kTerm
 };
+
+/// Whether names are written in more than one case.
+inline bool IsOfNames(EMaskKind kind)
+{
+   return kind == EMaskKind::kHost || kind == EMaskKind::kDomain || kind == EMaskKind::kUser;
+}
 
 /// "serial number", "UUID", ...
 const char* GetMaskKindName(EMaskKind kind);

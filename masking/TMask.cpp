@@ -1,77 +1,22 @@
 #include "TMask.h"
 
 #include <algorithm>
-#include <stdexcept>
 
-#include <fmt/format.h>
-
+#include "NameText.h"
 #include "NoIdentifiers.h"
 
 namespace NZANQSX20 {
 
 namespace {
 
-constexpr unsigned kMostAttempts = 2000;
-/// All addresses are worked out anew for each.
-constexpr unsigned kMostIPv4Attempts = 50;
-
 bool IsDigit(char byte)
 {
    return byte >= '0' && byte <= '9';
 }
 
-bool IsCapital(char byte)
-{
-   return byte >= 'A' && byte <= 'Z';
-}
-
 bool IsLetter(char byte)
 {
    return IsWordByte(byte) && !IsDigit(byte);
-}
-
-bool IsContinuation(char byte)
-{
-   return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
-
-std::string Lower(std::string_view text)
-{
-   std::string lower(text);
-   for (char& byte : lower)
-      byte = IsCapital(byte) ? static_cast<char>(byte - 'A' + 'a') : byte;
-   return lower;
-}
-
-std::string Upper(std::string_view text)
-{
-   std::string upper(text);
-   for (char& byte : upper)
-      byte = byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte;
-   return upper;
-}
-
-/// The stand-in of a text in small letters, with capitals where the original has them.
-std::string CapitalizeLike(std::string text, std::string_view original)
-{
-   std::size_t at = 0;
-   for (const char byte : original) {
-      if (IsContinuation(byte))
-         continue;
-      if (IsCapital(byte) && at < text.size())
-         text[at] = Upper({&text[at], 1})[0];
-      ++at;
-   }
-   return text;
-}
-
-std::string_view Trim(std::string_view text)
-{
-   constexpr std::string_view kBlanks = " \t\r\n";
-   const std::size_t first = text.find_first_not_of(kBlanks);
-   if (first == std::string_view::npos)
-      return {};
-   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
 bool IsName(std::string_view text)
@@ -80,27 +25,9 @@ bool IsName(std::string_view text)
                       [](char byte) { return IsWordByte(byte) || byte == '-' || byte == '_'; });
 }
 
-bool IsOfNames(EMaskKind kind)
-{
-   return kind == EMaskKind::kHost || kind == EMaskKind::kDomain || kind == EMaskKind::kUser;
-}
-
 bool IsIdentifying(EMaskKind kind)
 {
    return kind != EMaskKind::kNone && kind != EMaskKind::kVersion;
-}
-
-std::string ReverseLabels(std::string_view domain)
-{
-   std::string reversed;
-   while (true) {
-      const std::size_t dot = domain.rfind('.');
-      if (dot == std::string_view::npos)
-         return reversed + std::string(domain);
-      reversed += domain.substr(dot + 1);
-      reversed += '.';
-      domain = domain.substr(0, dot);
-   }
 }
 
 /// How far a text tells by itself that it is the identifier and nothing else.
@@ -158,13 +85,14 @@ void TMask::LearnText(const TStoreText& text)
    }
    if (text.fKind == EMaskKind::kVersion)
       return LearnVersions(text.fText);
-   const std::string_view value = Trim(text.fText);
+   const std::string_view value = TrimName(text.fText);
    const bool isWholeIdentifier = size > 0 && size + 2 >= value.size();
    if (IsIdentifying(text.fKind) && !isWholeIdentifier)
       LearnValue(text.fKind, value);
 }
 
-/// A version is one in free text, too, unless it may as well be an address of the house.
+/// A version is one in free text, too, unless it may as well be an address of
+/// the house.
 void TMask::LearnVersions(std::string_view text)
 {
    std::vector<TIdentifier> identifiers;
@@ -229,7 +157,8 @@ void TMask::LearnHost(std::string_view name)
 {
    const std::size_t dot = name.find('.');
    const std::string_view label = name.substr(0, dot);
-   // A text with blanks and the like is no host name, whatever its property is called.
+   // A text with blanks and the like is no host name, whatever its property is
+   // called.
    if (!IsName(label))
       return;
    LearnAllCases(EMaskKind::kHost, label);
@@ -254,130 +183,10 @@ void TMask::LearnLiteral(EMaskKind kind, std::string_view text)
 
 void TMask::LearnAllCases(EMaskKind kind, std::string_view text)
 {
-   text = Trim(text);
+   text = TrimName(text);
    LearnLiteral(kind, text);
    LearnLiteral(kind, Lower(text));
    LearnLiteral(kind, Upper(text));
-}
-
-// The stand-ins. No stand-in is an original, and none stands for two.
-
-std::string TMask::MakeStandIn(EMaskKind kind, const std::string& canonical, unsigned attempt) const
-{
-   switch (kind) {
-      case EMaskKind::kMAC:
-         return fStandIns.MakeMAC(canonical, attempt);
-      case EMaskKind::kWWN:
-         return fStandIns.MakeWWN(canonical, attempt);
-      case EMaskKind::kUUID:
-         return fStandIns.MakeUUID(canonical, attempt);
-      case EMaskKind::kSID:
-         return fStandIns.MakeSID(canonical, attempt);
-      case EMaskKind::kIPv6:
-         return fStandIns.MakeIPv6(canonical, attempt);
-      default:
-         return fStandIns.MakeIPv4(canonical, attempt);
-   }
-}
-
-void TMask::AssignIdentifiers()
-{
-   for (const std::string& version : fVersions)
-      fIdentifiers.erase({EMaskKind::kIPv4, version});
-   // What names no machine has itself as its stand-in, and is none of the originals.
-   for (auto each = fIdentifiers.begin(); each != fIdentifiers.end();) {
-      const bool isPlain =
-         MakeStandIn(each->first.first, each->first.second, 0) == each->first.second &&
-         MakeStandIn(each->first.first, each->first.second, 1) == each->first.second;
-      each = isPlain ? fIdentifiers.erase(each) : std::next(each);
-   }
-   AssignIPv4();
-   for (auto& [name, standIn] : fIdentifiers) {
-      for (unsigned attempt = 0; standIn.empty(); ++attempt) {
-         const std::string made = MakeStandIn(name.first, name.second, attempt);
-         const bool isFree = fIdentifiers.count({name.first, made}) == 0;
-         if (isFree && fTaken.insert(made).second)
-            standIn = made;
-      }
-   }
-   for (const auto& [name, standIn] : fIdentifiers)
-      fHexIdentifiers.emplace(name.second, &standIn);
-}
-
-/// One attempt for all: subnets hold together only so.
-void TMask::AssignIPv4()
-{
-   const auto begin = fIdentifiers.lower_bound({EMaskKind::kIPv4, ""});
-   const auto end = fIdentifiers.lower_bound({EMaskKind::kIPv6, ""});
-   for (unsigned attempt = 0;; ++attempt) {
-      bool isFree = true;
-      for (auto each = begin; each != end; ++each) {
-         each->second = fStandIns.MakeIPv4(each->first.second, attempt);
-         isFree = isFree && fIdentifiers.count({EMaskKind::kIPv4, each->second}) == 0;
-      }
-      if (isFree || attempt == kMostIPv4Attempts)
-         break;
-   }
-   // A small range that is nearly full: those few leave their subnet.
-   for (auto each = begin; each != end; ++each)
-      for (unsigned attempt = kMostIPv4Attempts;
-           fIdentifiers.count({EMaskKind::kIPv4, each->second}) > 0; ++attempt)
-         each->second = fStandIns.MakeIPv4(each->first.second, attempt);
-}
-
-void TMask::AssignLiterals()
-{
-   for (const auto& each : fLiterals) {
-      fSearch.Add(each.first, each.second.fWhere, static_cast<std::uint32_t>(fByNumber.size()));
-      fByNumber.push_back(&each);
-   }
-   for (auto& [original, literal] : fLiterals) {
-      const std::string lower = Lower(original);
-      const bool hasCases = IsOfNames(literal.fKind) || literal.fKind == EMaskKind::kTerm;
-      const std::string& base = hasCases ? lower : original;
-      for (unsigned attempt = 0; attempt < kMostAttempts && literal.fStandIn.empty(); ++attempt) {
-         std::string made = literal.fKind == EMaskKind::kDomain
-                               ? fStandIns.MakeDomain(base, attempt)
-                               : fStandIns.MakeText(base, attempt);
-         if (hasCases)
-            made = CapitalizeLike(std::move(made), original);
-         if (IsFree(made)) {
-            fTaken.insert(made);
-            literal.fStandIn = made;
-         }
-      }
-      if (literal.fStandIn.empty())
-         throw std::runtime_error(fmt::format("no stand-in is left for a {} of {} bytes",
-                                              GetMaskKindName(literal.fKind), original.size()));
-   }
-}
-
-/// "org.example" in the name of an iSCSI node, where the domain is example.org.
-void TMask::AddReversedDomains()
-{
-   std::vector<std::pair<std::string, std::string>> reversed;
-   for (const auto& [original, literal] : fLiterals)
-      if (literal.fKind == EMaskKind::kDomain && original.find('.') != std::string::npos)
-         reversed.emplace_back(ReverseLabels(original), ReverseLabels(literal.fStandIn));
-   for (const auto& [original, standIn] : reversed) {
-      const auto [known, isNew] =
-         fLiterals.emplace(original, TLiteral{EMaskKind::kDomain, EWhere::kWholeWords, standIn});
-      if (!isNew)
-         continue;
-      fSearch.Add(known->first, EWhere::kWholeWords, static_cast<std::uint32_t>(fByNumber.size()));
-      fByNumber.push_back(&*known);
-   }
-}
-
-/// Whether the text is no original, holds none, and stands for nothing yet.
-bool TMask::IsFree(const std::string& text) const
-{
-   if (fTaken.count(text) > 0)
-      return false;
-   for (std::size_t at = 0; at < text.size(); ++at)
-      if (fSearch.Match(text, at, true).fSize > 0)
-         return false;
-   return true;
 }
 
 // Replacing.
@@ -392,7 +201,8 @@ const std::string* TMask::FindStandIn(const TIdentifier& identifier) const
    return found != fIdentifiers.end() ? &found->second : nullptr;
 }
 
-/// Calls replacer(start, size, stand-in) for each original in the text, from left to right.
+/// Calls replacer(start, size, stand-in) for each original in the text, from
+/// left to right.
 template <typename TReplacer>
 void TMask::Scan(const TStoreText& text, TReplacer replacer) const
 {

@@ -141,6 +141,8 @@ void TJsonReport::WriteTableTitle(const TTableTitle& title)
    fDocument->Member("text", title.fText);
    fDocument->MemberIfTrue("subTitle", title.fIsSubTitle);
    fDocument->MemberIfTrue("emphasised", title.fIsEmphasised);
+   if (title.fSameItems > 0)
+      fDocument->Member("sameItems", title.fSameItems);
    EndItem();
 }
 

@@ -26,6 +26,8 @@ public:
    void TakeHealth(THealth health) override;
    void EndRun(const TReportIndex& index) override;
 
+   bool WantsSameItems() const override { return true; }
+
    void WriteReportTitle(const std::string& title, const std::string& linkText,
                          const std::string& linkTarget) override;
    void WriteTableTitle(const TTableTitle& title) override;

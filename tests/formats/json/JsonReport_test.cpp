@@ -24,7 +24,7 @@ TCell MakeCell(std::string_view text, std::string_view second = "",
 void FillRun(TDocumentRun<TJsonReport>& run)
 {
    run.BeginPage("cv", "Configuration");
-   run.GetFlow().WriteTableTitle({"Fans", true, true});
+   run.GetFlow().WriteTableTitle({"Fans", true, true, 3});
    run.GetFlow().WriteNote("A sentence.");
    run.GetFlow().BeginColumnTable("60%", "Fans", true);
    run.AddTextRow({"Name", "State"}, true);
@@ -46,7 +46,7 @@ TEST(JsonReport, APageHoldsEveryCellWithItsMarks)
    FillRun(run);
    EXPECT_EQ(R"({"format":"qsxreport-page","version":1,"file":"cv.json","linkName":"cv","content":[
 {"type":"title","text":"Configuration"}
-,{"type":"tableTitle","text":"Fans","subTitle":true,"emphasised":true}
+,{"type":"tableTitle","text":"Fans","subTitle":true,"emphasised":true,"sameItems":3}
 ,{"type":"note","text":"A sentence."}
 ,{"type":"table","style":"columns","caption":"Fans","sortable":true,"width":60,"labels":["Name","State"],"rows":[
 [{"text":"Fan 1"},{"text":"Failed","untranslated":"5","state":"failed"}]

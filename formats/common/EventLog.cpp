@@ -90,7 +90,10 @@ void TEventLog::AddRow(const TTableRows& rows, std::size_t row)
       dateAndTime.append(" ").append(time);
       time = dateAndTime;
    }
-   const std::string_view severity = GetText(rows, row, fColumns.fSeverity);
+   const std::string_view shown = GetText(rows, row, fColumns.fSeverity);
+   const ESeverity told =
+      shown.empty() ? GetSeverity(rows, row, fColumns.fTime) : FindSeverity(shown);
+   const std::string_view severity = shown.empty() ? GetSeverityWord(told) : shown;
    const std::array<std::string_view, kTexts> texts = {
       time, severity, GetText(rows, row, fColumns.fSource), GetText(rows, row, fColumns.fMessage),
       GetText(rows, row, fColumns.fLogName)};
@@ -106,7 +109,7 @@ void TEventLog::AddRow(const TTableRows& rows, std::size_t row)
    TEvent event;
    event.fTable = static_cast<std::uint32_t>(fTables.size() - 1);
    event.fRow = fRow;
-   event.fSeverity = FindSeverity(severity);
+   event.fSeverity = told;
    fHasSeverities |= !severity.empty();
    Date(event, time);
    event.fTexts = fSpool->GetSize();

@@ -56,3 +56,9 @@ ESeverity FindSeverity(std::string_view word)
          return known.fSeverity;
    return ESeverity::kNotTold;
 }
+
+std::string_view GetSeverityWord(ESeverity severity)
+{
+   constexpr std::string_view kPlainWords[kSeverities] = {"", "Information", "Warning", "Error"};
+   return kPlainWords[static_cast<std::size_t>(severity)];
+}

@@ -16,3 +16,6 @@ constexpr std::size_t kSeverities = 4;
 
 /// The severity that a word tells, letters alike in either case. Nothing is guessed from messages.
 ESeverity FindSeverity(std::string_view word);
+
+/// "Error". Missing: empty for kNotTold.
+std::string_view GetSeverityWord(ESeverity severity);

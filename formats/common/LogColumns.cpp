@@ -12,7 +12,7 @@ constexpr TLogTable kLogs[] = {
    {"ZANSG_WindowsApplicationEventLogRecord", "", "MessageTimestamp", "Type", "Source", "Message"},
    {"ZANSG_WindowsSystemEventLogRecord", "", "MessageTimestamp", "Type", "Source", "Message"},
    {"ZANSG_WindowsSecurityEventLogRecord", "", "MessageTimestamp", "Type", "Source", "Message"},
-   {"ZANSG_LinuxEventLogRecord", "", "MessageTimestamp", "", "Source", "Message"},
+   {"ZANSG_LinuxEventLogRecord", "", "MessageTimestamp", "PerceivedSeverity", "Source", "Message"},
    {"ZAN_StandardMessageLogEntry", "Chassis Event Log", "CreationTimeStamp", "PerceivedSeverity",
     "MessageID", "Message"},
    {"ZANSG_TLMLog", "TLM Event", "MessageTimestamp", "Type", "LoggingSource", "Message"},

@@ -36,6 +36,7 @@ struct TLogTable
    /// Above the grid of a report; empty where the class of the table is known otherwise.
    const char* fTitle;
    const char* fTime;
+   /// Also one that no column shows; it then is taken from the instances.
    const char* fSeverity;
    const char* fSource;
    const char* fMessage;

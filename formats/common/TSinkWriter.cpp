@@ -273,6 +273,7 @@ void TSinkWriter::EndTableRow()
 
 void TSinkWriter::EndTable()
 {
+   fHiddenSeverity = nullptr;
    fFlow->EndTable();
 }
 
@@ -288,7 +289,7 @@ void TSinkWriter::WriteValueCell(boost::shared_ptr<ICIMInstance> instance, TRepo
    const std::string untranslated =
       MayHaveRawForm(properties) ? fValueText.Make(properties, separator, true) : "";
    const std::string text = fValueText.Make(properties, separator, false);
-   WriteValue(text, untranslated, property.IsMonospaced());
+   WriteValue(text, untranslated, property.IsMonospaced(), ReadSeverity(instance, property));
 }
 
 void TSinkWriter::WriteTextCell(TReportProperty property, std::string text)
@@ -430,12 +431,39 @@ std::optional<TLogColumns> TSinkWriter::CompleteLog(const TLogTable& log,
 /// Of a log that is written cell by cell, its header row tells the columns.
 void TSinkWriter::TakeLogColumns()
 {
+   fHiddenSeverity = nullptr;
    const TLogTable* const titled = FindLogOfTitle(fTableTitle);
    const TLogTable* const log = titled != nullptr ? titled : FindLogOfClass(fHeaderClass);
    if (log == nullptr || fHeaderProperties.empty())
       return;
-   if (const auto columns = CompleteLog(*log, log->FindColumns(fHeaderProperties)))
-      fFlow->SetLog(*columns);
+   const auto columns = CompleteLog(*log, log->FindColumns(fHeaderProperties));
+   if (!columns)
+      return;
+   fFlow->SetLog(*columns);
+   if (columns->fSeverity == TLogColumns::kNone && HasProperty(fHeaderClass, log->fSeverity))
+      fHiddenSeverity = log;
+}
+
+/// Whether the class declares it. Missing: false for a class that isn't there.
+bool TSinkWriter::HasProperty(const std::string& className, const std::string& property)
+{
+   if (property.empty())
+      return false;
+   try {
+      const auto declared = fNamespace->GetClass(className, {});
+      return declared && declared->GetPropertyDecl(property, {}) != nullptr;
+   } catch (const TQSXException&) {
+      return false;
+   }
+}
+
+/// Missing: not told where a column shows it, and for any other cell than the record's time.
+ESeverity TSinkWriter::ReadSeverity(const boost::shared_ptr<ICIMInstance>& record,
+                                    const TReportProperty& property)
+{
+   if (fHiddenSeverity == nullptr || property.GetProperty() != fHiddenSeverity->fTime)
+      return ESeverity::kNotTold;
+   return FindSeverity(GetPropertyValue(record, fHiddenSeverity->fSeverity, " "));
 }
 
 void TSinkWriter::WriteLabel(const std::string& label, const TReportProperty& property)
@@ -448,9 +476,10 @@ void TSinkWriter::WriteLabel(const std::string& label, const TReportProperty& pr
 }
 
 void TSinkWriter::WriteValue(const std::string& text, const std::string& untranslated,
-                             bool isMonospaced)
+                             bool isMonospaced, ESeverity severity)
 {
    TCell cell;
+   cell.fSeverity = severity;
    cell.fText = text;
    cell.fSecondText = GetShownSecondText(text, untranslated);
    cell.fMonospaced = isMonospaced;

@@ -90,10 +90,14 @@ private:
    void WriteLogReport(const TReportParameters& params);
    void WriteLogTable(TReportClass reportClass, const TInstances& instances);
    void WriteLabel(const std::string& label, const TReportProperty& property);
-   void WriteValue(const std::string& text, const std::string& untranslated, bool isMonospaced);
    void WriteSameItems();
+   void WriteValue(const std::string& text, const std::string& untranslated, bool isMonospaced,
+                   ESeverity severity = ESeverity::kNotTold);
    std::optional<TLogColumns> CompleteLog(const TLogTable& log, std::optional<TLogColumns> columns);
    void TakeLogColumns();
+   bool HasProperty(const std::string& className, const std::string& property);
+   ESeverity ReadSeverity(const boost::shared_ptr<ICIMInstance>& record,
+                          const TReportProperty& property);
    std::string ReadLabel(const std::string& className, const std::string& property);
    std::string ReadText(const boost::shared_ptr<ICIMInstance>& instance,
                         const TReportProperty& property);
@@ -126,6 +130,8 @@ private:
    /// Of the header row of the table that is written cell by cell.
    std::string fHeaderClass;
    std::vector<std::string> fHeaderProperties;
+   /// The log whose records tell their severity and whose table doesn't show it. Missing: null.
+   const TLogTable* fHiddenSeverity = nullptr;
 
    // The page of the device analysis, from PrepareCadenzaReport on.
    bool fIsCadenzaPage = false;

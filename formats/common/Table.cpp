@@ -7,6 +7,12 @@ std::string_view GetShownSecondText(std::string_view text, std::string_view seco
    return isNothing ? std::string_view() : secondText;
 }
 
+ESeverity GetSeverity(const TTableRows& rows, std::size_t row, std::size_t column)
+{
+   return column < rows.GetCellCount(row) ? rows.GetCell(row, column).fSeverity
+                                          : ESeverity::kNotTold;
+}
+
 void TCollectedRows::AddCell(const TCell& cell)
 {
    TStoredCell stored{fTexts.size(), cell.fText.size(), cell.fSecondText.size(), cell};

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "common/DriveAttributes.h"
+#include "common/EventSeverity.h"
 #include "common/LogColumns.h"
 #include "common/StateWords.h"
 
@@ -36,6 +37,8 @@ struct TCell
    ECellKind fKind = ECellKind::kText;
    /// What the text says of the thing.
    EState fState = EState::kNone;
+   /// Of the cell with the time of a record: what the record tells and no column shows.
+   ESeverity fSeverity = ESeverity::kNotTold;
    bool fIsLabel = false;
    bool fMonospaced = false;
    /// The cell repeats the baseline of a comparison.
@@ -80,6 +83,9 @@ public:
 protected:
    ~TTableRows() = default;
 };
+
+/// What the cell tells of its record. Missing: not told, also where the row has no such cell.
+ESeverity GetSeverity(const TTableRows& rows, std::size_t row, std::size_t column);
 
 /// Rows gathered cell by cell, their texts in one block.
 class TCollectedRows final : public TTableRows

@@ -85,9 +85,11 @@ bool TLogJudge::IsError(const TTableRows& rows, std::size_t row)
       fJudged += severity != ESeverity::kNotTold;
       return severity == ESeverity::kError;
    }
-   if (!IsKernel(GetText(rows, row, fColumns->fSource)))
-      return false;
-   ++fJudged;
+   const ESeverity told = GetSeverity(rows, row, fColumns->fTime);
+   const bool isKernel = IsKernel(GetText(rows, row, fColumns->fSource));
+   fJudged += isKernel || told != ESeverity::kNotTold;
+   if (told == ESeverity::kError || !isKernel)
+      return told == ESeverity::kError;
    return IsTrouble(GetText(rows, row, fColumns->fMessage));
 }
 

@@ -19,7 +19,8 @@ const char* const kClasses = R"(
    class ZANSG_LogRecord {
       [Key] string RecordID; string LogName; datetime MessageTimestamp;
       string SourceNode; string Source; string Message; };
-   class ZANSG_LinuxEventLogRecord : ZANSG_LogRecord { };
+   class ZANSG_LinuxEventLogRecord : ZANSG_LogRecord {
+      [ValueMap {"2", "5"}, Values {"Information", "Major"}] uint16 PerceivedSeverity; };
    class ZANSG_TLMLog : ZANSG_LogRecord { string Type; string LoggingSource; };
    class ZANSG_QSXLogRecord {
       [Key] string RecordID; string MessageTimestamp; string Source; string Type; string Message; };
@@ -114,6 +115,18 @@ TEST_F(Timeline, RecordsOfTheMergedLogAreThereOnce)
                            "2009-06-17 12:00:00|twice", "2009-06-17 12:00:00|twice"));
    EXPECT_THAT(fPage, HasSubstr("#t1-r2\">Other</a>"));
    EXPECT_THAT(fPage, Not(HasSubstr("<th scope=\"col\">Severity")));
+}
+
+TEST_F(Timeline, ARecordTellsASeverityThatItsPageDoesNotShow)
+{
+   Write(R"(
+      instance of ZANSG_LinuxEventLogRecord { RecordID = "1"; LogName = "a"; Message = "grave";
+         PerceivedSeverity = 5; MessageTimestamp = "20090617120000.000000+060"; };
+      instance of ZANSG_LinuxEventLogRecord { RecordID = "2"; LogName = "a"; Message = "plain";
+         PerceivedSeverity = 2; MessageTimestamp = "20090617120000.000000+060"; };)");
+   EXPECT_THAT(fPage, HasSubstr("aria-label=\"Errors: 1, at most 1 per 10 seconds\""));
+   EXPECT_THAT(fPage, HasSubstr(">Information</td>"));
+   EXPECT_THAT(fFolder.Read("syslog_a.html"), Not(HasSubstr("Information")));
 }
 
 TEST_F(Timeline, OneTimeInTwoZonesIsOfNoKnownZone)

@@ -8,6 +8,23 @@ namespace {
 
 // Units: characters, around the text of a cell.
 constexpr std::size_t kPadding = 3;
+// Units: bytes. A longer text stands in a file of its own, and the page has its begin.
+constexpr std::uint64_t kBytesOfKilobyte = 1000;
+constexpr std::size_t kLongestText = 100'000;
+constexpr std::size_t kShownOfLongText = 20'000;
+
+/// The begin of a text, up to the end of a line where there is one, else of a character.
+std::string_view CutText(std::string_view text)
+{
+   const std::size_t lineEnd = text.rfind('\n', kShownOfLongText);
+   if (lineEnd != std::string_view::npos && lineEnd > kShownOfLongText / 2)
+      return text.substr(0, lineEnd);
+   std::size_t end = kShownOfLongText;
+   const auto isInside = [&](std::size_t at) { return (text[at] & 0xC0) == 0x80; };
+   while (end > kShownOfLongText / 2 && isInside(end))
+      --end;
+   return text.substr(0, end);
+}
 
 }  // namespace
 
@@ -159,20 +176,34 @@ void THtmlTable::WriteAddress(const TCell& cell, std::size_t column)
            << TNumber{column + 1} << "\""_html;
 }
 
-void THtmlTable::WriteCell(const TCell& cell, std::size_t column, bool isHeader, bool isChanged)
+void THtmlTable::WriteCell(TCell cell, std::size_t column, bool isHeader, bool isChanged)
 {
+   const std::string_view whole = cell.fText;
+   if (cell.fKind == ECellKind::kText && whole.size() > kLongestText)
+      cell.fText = CutText(whole);
    fOut << (isHeader ? "<th scope=\"row\""_html : "<td"_html);
    WriteAddress(cell, column);
-   if (!isHeader) {
+   if (!isHeader)
       WriteValueCell(fOut, cell, GetLook(column), isChanged);
-      fOut << "</td>"_html;
-      return;
+   else {
+      WriteCellLook(fOut, cell, GetLook(column));
+      fOut << ">"_html;
+      if (!IsDifference() || !WriteSystemLabel(cell))
+         WriteCellContent(fOut, cell);
    }
-   WriteCellLook(fOut, cell, GetLook(column));
-   fOut << ">"_html;
-   if (!IsDifference() || !WriteSystemLabel(cell))
-      WriteCellContent(fOut, cell);
-   fOut << "</th>"_html;
+   if (cell.fText.size() < whole.size())
+      WriteWholeText(whole, column);
+   fOut << (isHeader ? "</th>"_html : "</td>"_html);
+}
+
+/// The rest of a text that is too long for the page.
+void THtmlTable::WriteWholeText(std::string_view text, std::size_t column)
+{
+   const std::string name = fPage.fFileStem + "~" + std::to_string(fNumber) + "-r" +
+                            std::to_string(fRow) + "-c" + std::to_string(column + 1) + ".txt";
+   const std::uint64_t bytes = WriteTextFile(fRowFiles.GetPath(name), text);
+   fOut << "<span class=\"whole\">The begin of "_html << TCount{bytes / kBytesOfKilobyte}
+        << " KB: <a href=\"rows/"_html << TFileUrl{name} << "\">all of it as text</a></span>"_html;
 }
 
 /// The name of the attribute has the mark of its state; the value has its address.

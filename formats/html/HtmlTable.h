@@ -43,7 +43,7 @@ class THtmlTable
 {
 public:
    static constexpr std::uint64_t kRowsInPage = 2000;
-   /// Units: bytes of the body, with its frame the file stays below 2 MB, unless one row is larger.
+   /// Units: bytes of the body, with its frame the file stays below 2 MB.
    static constexpr std::uint64_t kBytesPerFile = 1'700'000;
    /// A table that begins behind this has too little room left. Units: bytes of the body.
    static constexpr std::uint64_t kBytesBeforeTable = 900'000;
@@ -67,7 +67,8 @@ private:
    void WriteRowNumber();
    void WriteCells(const TTableRows& rows, std::size_t row);
    void WriteAddress(const TCell& cell, std::size_t column);
-   void WriteCell(const TCell& cell, std::size_t column, bool isHeader, bool isChanged);
+   void WriteCell(TCell cell, std::size_t column, bool isHeader, bool isChanged);
+   void WriteWholeText(std::string_view text, std::size_t column);
    void WriteAttributeCell(TCell cell, const TDriveAttribute& attribute);
 
    // In HtmlTableFrame.cpp.

@@ -69,3 +69,12 @@ void TRowText::WriteText(std::string_view text)
 {
    WriteSafeText(*this, text, kPlain, GetEscape);
 }
+
+std::uint64_t WriteTextFile(const std::string& path, std::string_view text)
+{
+   TOutputFile file(path);
+   file.Write(kByteOrderMark);
+   WriteSafeText(file, text, MakePlainBytes(""), [](char) { return std::string_view(); });
+   file.Close();
+   return file.GetSize();
+}

@@ -48,3 +48,6 @@ private:
    std::optional<TOutputFile> fFile;
    bool fIsRowOpen = false;
 };
+
+/// Writes one text as a file, with its line ends and tabs. Units of the result: bytes.
+std::uint64_t WriteTextFile(const std::string& path, std::string_view text);

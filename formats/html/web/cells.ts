@@ -17,7 +17,7 @@ export function readText(cell: Element): string {
   let text = "";
   for (const node of cell.childNodes)
     if (node instanceof Element) {
-      if (!node.matches(".raw, .vh, svg, .state")) text += readText(node);
+      if (!node.matches(".raw, .vh, .whole, svg, .state")) text += readText(node);
     } else text += node.textContent ?? "";
   return text.trim();
 }

@@ -357,8 +357,10 @@ TEST(Pages, NoFileGrowsBeyondTwoMegabytes)
       flow.WriteTableTitle({"Table", false, false});
       flow.WriteGrid(MakeGrid({{"Name"}, {text}}));
    }
+   flow.WriteGrid(MakeGrid({{"Name"}, {std::string(3'000'000, '\xC3')}}));
    flow.EndRun();
    const std::vector<std::string> rows = ReadRows(pages, CountFiles(pages, "log"));
+   EXPECT_EQ(pages.Read("rows/log~302-r1-c1.txt").size(), 9'000'003u) << "a value of its own size";
    EXPECT_EQ(std::count(rows.begin(), rows.end(), "t301-r1"), 1);
    EXPECT_THAT(pages.Read("log.html"), HasSubstr(" of 300 rows</output>"));
    EXPECT_EQ(Count(pages.Read("rows/log~1.txt"), "\n"), 301u);

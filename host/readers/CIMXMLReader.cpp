@@ -82,10 +82,10 @@ public:
                                            QuoteForMessage(TrimBlanks(text))));
          return;
       }
-      if (fText.size() + text.size() > fLimits.fTextBytes)
+      if (GetText().size() + text.size() > fLimits.fTextBytes)
          fSource.Fail(mark, fmt::format("expected at most {} bytes in one text, found more",
                                         fLimits.fTextBytes));
-      fText += text;
+      AddText(text, element);
    }
 
    /// A character of a text that XML has no form for.
@@ -108,6 +108,29 @@ public:
    }
 
 private:
+   // The text of the value that is open. Most come in one piece, which needs no putting together.
+
+   void ClearText()
+   {
+      fPiece = {};
+      fJoined.clear();
+      fIsJoined = false;
+   }
+
+   void AddText(std::string_view text, E element)
+   {
+      if (!fIsJoined && fPiece.empty() && element == E::kValue) {
+         fPiece = fDraft.Keep(text);
+         return;
+      }
+      if (!fIsJoined)
+         fJoined = fPiece;
+      fIsJoined = true;
+      fJoined += text;
+   }
+
+   std::string_view GetText() const { return fIsJoined ? std::string_view(fJoined) : fPiece; }
+
    void CheckDepth(std::size_t mark) const
    {
       if (fOpen.size() >= fLimits.fDepth)
@@ -185,7 +208,7 @@ private:
             break;
          case E::kValue:
          case E::kValueReference:
-            fText.clear();
+            ClearText();
             fValueMark = mark;
             if (!IsInArray() && GetParent() != E::kKeyBinding)
                BeginValues(mark);
@@ -224,7 +247,7 @@ private:
             fBuilder.AddInstance(fDraft, fSource);
             break;
          case E::kValue:
-            EndValue(fText);
+            EndValue(fIsJoined ? fDraft.Keep(fJoined) : fPiece);
             break;
          case E::kValueReference:
             EndReference();
@@ -237,7 +260,7 @@ private:
             fIsInQualifier = false;
             break;
          case E::kKeyValue:
-            fNames.SetKeyValue(fText, fKeyType);
+            fNames.SetKeyValue(GetText(), fKeyType);
             break;
          case E::kInstanceName:
             fNames.End();
@@ -314,9 +337,10 @@ private:
    }
 
    /// Called when the element of the value is closed: the one opened last is its parent.
+   /// Owner: the text is the draft's.
    void EndValue(std::string_view text)
    {
-      fDraft.AddValue(fSource, {TValueDraft::kUntyped, fDraft.Keep(text), fValueMark});
+      fDraft.AddValue(fSource, {TValueDraft::kUntyped, text, fValueMark});
       const bool isInArray =
          fOpen.back() == E::kValueArray || fOpen.back() == E::kValueReferenceArray;
       if (!isInArray)
@@ -331,12 +355,12 @@ private:
       if (fOpen.back() == E::kKeyBinding)
          fNames.SetKeyValue(path, TType::kReference);
       else
-         EndValue(path);
+         EndValue(fDraft.Keep(path));
    }
 
    void BeginKeyValue(const TAttributes& attributes, std::size_t mark)
    {
-      fText.clear();
+      ClearText();
       std::string_view form = "string";
       FindAttribute(attributes, A::kValueType, form);
       fKeyType = form == "boolean" ? TType::kBoolean
@@ -394,7 +418,9 @@ private:
    /// Of the path in front of the instance that is being read.
    std::vector<TInstanceKey> fPathKeys;
    std::vector<E> fOpen;
-   std::string fText;
+   std::string_view fPiece;
+   std::string fJoined;
+   bool fIsJoined = false;
    std::size_t fValueMark = 0;
    TCIMValue::ECIMType fKeyType = TType::kString;
    bool fIsInQualifier = false;

@@ -236,10 +236,12 @@ std::string_view TrimBlanks(std::string_view text)
 
 bool FindCIMType(std::string_view name, ECIMType& type)
 {
-   // By far the most frequent one.
-   if (name == "string") {
-      type = TType::kString;
-      return true;
+   // As it is nearly always written.
+   for (const TTypeName& entry : kTypes) {
+      if (name == entry.fName) {
+         type = entry.fType;
+         return true;
+      }
    }
    for (const TTypeName& entry : kTypes) {
       if (EqualsIgnoringCase(name, entry.fName)) {
@@ -259,6 +261,10 @@ bool ReadTypedValue(const TValueDraft& draft, ECIMType type, TTypedValue& value)
    if (!FormFits(draft.fForm, type))
       return false;
 
+   if (type == TType::kString || type == TType::kReference) {
+      value.fText = draft.fText;
+      return true;
+   }
    const bool isMOF = draft.fForm != TValueDraft::kUntyped;
    const std::string_view text = isMOF ? draft.fText : TrimBlanks(draft.fText);
    switch (type) {
@@ -275,10 +281,6 @@ bool ReadTypedValue(const TValueDraft& draft, ECIMType type, TTypedValue& value)
                                                      : ReadReal(text, value);
       case TType::kDateTime:
          return ReadDateTime(text, value);
-      case TType::kString:
-      case TType::kReference:
-         value.fText = draft.fText;
-         return true;
       default:
          return ReadInteger(text, isMOF, value);
    }

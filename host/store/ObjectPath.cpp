@@ -175,11 +175,15 @@ void AppendKeyBinding(std::string& path, bool isFirst, std::string_view name, st
       return;
    }
    path += '"';
-   for (const char c : text) {
-      if (c == '"' || c == '\\')
-         path += '\\';
-      path += c;
+   std::size_t copied = 0;
+   for (std::size_t i = 0; i < text.size(); ++i) {
+      if (text[i] != '"' && text[i] != '\\')
+         continue;
+      path.append(text, copied, i - copied);
+      path += '\\';
+      copied = i;
    }
+   path.append(text, copied);
    path += '"';
 }
 

@@ -84,6 +84,10 @@ private:
          AppendKeyBinding(path, isFirst, name, text, isQuoted);
          return;
       }
+      if (value->GetType() == TType::kString && !value->IsArray() && !value->IsNull()) {
+         AppendKeyBinding(path, isFirst, name, value->GetText(), true);
+         return;
+      }
       std::string text;
       AppendText(text, *value, depth + 1);
       if (value->IsNull())

@@ -108,9 +108,9 @@ bool IsDate(std::string_view digits, int known)
 }
 
 /// Puts the number into so many digits; of one that a caller made too wide the last ones stay.
-void PutDigits(unsigned int number, std::size_t start, std::size_t count, std::string& digits)
+void PutDigits(unsigned int number, std::size_t count, char* digits)
 {
-   for (std::size_t i = start + count; i > start; --i) {
+   for (std::size_t i = count; i > 0; --i) {
       digits[i - 1] = static_cast<char>('0' + number % 10);
       number /= 10;
    }
@@ -177,36 +177,49 @@ bool TCIMDateTime::Parse(const std::string& text, TCIMDateTime& result)
 
 std::string TCIMDateTime::GetDigits() const
 {
-   std::string digits(kAllDigits, '0');
+   std::string text(kAllDigits, '0');
+   char* const digits = text.data();
    if (fIsInterval) {
-      PutDigits(fDay, 0, 8, digits);
+      PutDigits(fDay, 8, digits);
    } else {
-      PutDigits(fYear, 0, 4, digits);
-      PutDigits(fMonth, 4, 2, digits);
-      PutDigits(fDay, 6, 2, digits);
+      PutDigits(fYear, 4, digits);
+      PutDigits(fMonth, 2, digits + 4);
+      PutDigits(fDay, 2, digits + 6);
    }
-   PutDigits(fHours, 8, 2, digits);
-   PutDigits(fMinutes, 10, 2, digits);
-   PutDigits(fSeconds, 12, 2, digits);
-   PutDigits(fMicroseconds, 14, 6, digits);
+   PutDigits(fHours, 2, digits + 8);
+   PutDigits(fMinutes, 2, digits + 10);
+   PutDigits(fSeconds, 2, digits + 12);
+   PutDigits(fMicroseconds, 6, digits + 14);
    for (std::size_t i = fKnownDigits; i < kAllDigits; ++i)
       digits[i] = '*';
-   return digits;
+   return text;
 }
 
 std::string TCIMDateTime::ToString() const
 {
-   const std::string digits = GetDigits();
-   const char sign = fIsInterval ? ':' : fUtcOffset < 0 ? '-' : '+';
+   std::string text = GetDigits();
+   text.insert(kPoint, 1, '.');
+   text += fIsInterval ? ':' : fUtcOffset < 0 ? '-' : '+';
+   text += "***";
    const int minutes = fUtcOffset < 0 ? -fUtcOffset : fUtcOffset;
-   const std::string offset = fIsOffsetKnown ? fmt::format("{:03}", minutes % 1000) : "***";
-   return digits.substr(0, kPoint) + "." + digits.substr(kPoint) + sign + offset;
+   if (fIsOffsetKnown)
+      PutDigits(static_cast<unsigned int>(minutes), 3, &text[kSign + 1]);
+   return text;
 }
 
 std::string TCIMDateTime::ToUIString() const
 {
-   const std::string digits = GetDigits();
    std::string text = "yyyy-mm-dd hh:mm:ss";
+   if (!fIsInterval && fKnownDigits >= kPoint) {
+      PutDigits(fYear, 4, &text[0]);
+      PutDigits(fMonth, 2, &text[5]);
+      PutDigits(fDay, 2, &text[8]);
+      PutDigits(fHours, 2, &text[11]);
+      PutDigits(fMinutes, 2, &text[14]);
+      PutDigits(fSeconds, 2, &text[17]);
+      return text;
+   }
+   const std::string digits = GetDigits();
    digits.copy(text.data(), 4, 0);
    digits.copy(text.data() + 5, 2, 4);
    digits.copy(text.data() + 8, 2, 6);

@@ -100,7 +100,9 @@ void TInstanceIndex::AddPath(TStoredInstance& instance)
       return;
    if (fPaths.size() >= fHeads.size())
       GrowHeads();
-   const std::string keys = GetKeys(instance);
+   std::string& keys = fKeysInWork;
+   keys.clear();
+   AppendKeys(keys, instance);
    const std::uint64_t hash = Hash(storedClass, keys);
    const std::uint32_t first = FindEntry(storedClass, keys, hash);
    const auto entry = static_cast<std::uint32_t>(fPaths.size());

@@ -99,6 +99,8 @@ private:
 
    bool fHasPaths = false;
    std::vector<TPathEntry> fPaths;
+   /// Kept so that the keys of an instance need no memory of their own.
+   std::string fKeysInWork;
    /// By the low bits of the hash: the first entry of that chain.
    std::vector<std::uint32_t> fHeads;
 

@@ -32,8 +32,8 @@ struct TCommandName
 };
 
 constexpr TCommandName kCommands[] = {
-   {ECommand::kReport, "report", "COLLECTION... -o DIR [options]",
-    "Write the report pages of one system"},
+   {ECommand::kReport, "report", "COLLECTION... | --each FOLDER -o DIR [options]",
+    "Write the report pages of one system, or of each in a folder"},
    {ECommand::kCompare, "compare", "BASE OTHER... -o DIR [options]",
     "Write the pages of a comparison of systems with the first of them"},
    {ECommand::kHypervisor, "hypervisor", "COLLECTION... -o DIR [options]",
@@ -50,10 +50,12 @@ constexpr TCommandName kCommands[] = {
     "Write a collection with stand-ins for what identifies machine and people"},
 };
 
+constexpr int kMostJobs = 1024;
+
 constexpr const char* kExitCodes =
    "Exit codes: 0 done; 1 differences (compare --exit-code); 2 usage; 3 input cannot be read; 4 "
    "the run failed or the output cannot be "
-   "written.";
+   "written; 5 some of several collections failed (report --each).";
 
 bool WritesPages(ECommand command)
 {
@@ -152,6 +154,29 @@ void AddOutputOptions(CLI::App& command, TParsedLine& line)
       ->type_name("F")
       ->allow_extra_args(false)
       ->group("Output");
+}
+
+void AddEachOptions(CLI::App& command, TParsedLine& line)
+{
+   TOptions& options = line.fOptions;
+   CLI::Option* each = command
+                          .add_option("--each", options.fEach,
+                                      "Report each file and folder in this folder by itself, with "
+                                      "an index above")
+                          ->type_name("FOLDER")
+                          ->group("Several systems");
+   command
+      .add_option("--jobs", options.fJobs,
+                  "So many at a time (default: as many as the machine has cores)")
+      ->type_name("N")
+      ->check(CLI::Range(1, kMostJobs))
+      ->needs(each)
+      ->group("Several systems");
+   command
+      .add_flag("--resume", options.fResume,
+                "Keep the pages that are newer than their collection and this program")
+      ->needs(each)
+      ->group("Several systems");
 }
 
 void AddCollectionOutputOptions(CLI::App& command, TParsedLine& line)
@@ -303,6 +328,8 @@ void AddReadingOptions(CLI::App& command, ECommand name, TParsedLine& line)
       AddCollectionOutputOptions(command, line);
    if (name == ECommand::kMask)
       AddMaskOptions(command, line);
+   if (name == ECommand::kReport)
+      AddEachOptions(command, line);
    if (name == ECommand::kCompare)
       AddCompareOptions(command, line);
    if (name == ECommand::kCatalogue)
@@ -452,6 +479,16 @@ void CheckStandardOutput(const TOptions& options)
       FailUsage(fmt::format("standard output takes one format: {}", fmt::join(names, ", ")));
 }
 
+void CheckEachOptions(const TOptions& options)
+{
+   if (!options.fCollections.empty())
+      FailUsage("--each FOLDER takes no further COLLECTION");
+   if (options.fOutput == "-")
+      FailUsage("--each needs a folder for its output");
+   if (!options.fLogFile.empty())
+      FailUsage("--log takes the lines of one report, not those of --each");
+}
+
 TOptions CheckOptions(const CLI::App& command, TParsedLine& line)
 {
    TOptions& options = line.fOptions;
@@ -469,7 +506,9 @@ TOptions CheckOptions(const CLI::App& command, TParsedLine& line)
       options.fForm = ReadForm(line.fForm, options.fOutput.empty() ? "-" : options.fOutput);
       return options;
    }
-   if (options.fCollections.empty())
+   if (!options.fEach.empty())
+      CheckEachOptions(options);
+   else if (options.fCollections.empty())
       FailUsage("no COLLECTION to read");
    if (options.fCommand == ECommand::kCompare && options.fCollections.size() < 2)
       FailUsage("no OTHER to compare BASE with");

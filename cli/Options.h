@@ -46,6 +46,13 @@ struct TOptions
    /// compare: the base first.
    std::vector<std::string> fCollections;
 
+   /// report: the folder whose files and folders are a collection each, or empty.
+   std::string fEach;
+   /// report --each: how many at a time; 0 is as many as the machine has cores.
+   int fJobs = 0;
+   /// report --each: pages that are newer than their collection stay.
+   bool fResume = false;
+
    /// compare: the collection that holds the findings, or empty.
    std::string fFindings;
    /// compare: the properties that are not compared, "Class.Property" or "Property".

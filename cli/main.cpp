@@ -12,6 +12,7 @@
 #include "CompareCommand.h"
 #include "Console.h"
 #include "ConvertCommand.h"
+#include "EachCommand.h"
 #include "HypervisorCommand.h"
 #include "MaskCommand.h"
 #include "Options.h"
@@ -20,10 +21,17 @@
 
 namespace {
 
+int RunAndTell(const TOptions& options, TConsole& console);
+
 EExitCode RunCommand(const TOptions& options, TConsole& console)
 {
    switch (options.fCommand) {
       case ECommand::kReport:
+         if (!options.fEach.empty())
+            return RunEachCommand(options, console, [](const TOptions& one) {
+               TConsole messages(one.fQuiet, false);
+               return RunAndTell(one, messages);
+            });
          return RunReportCommand(options, console);
       case ECommand::kCompare:
          return RunCompareCommand(options, console);

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <map>
 #include <numeric>
+#include <unordered_map>
 
 namespace {
 
@@ -178,6 +179,7 @@ void TEventLog::Finish()
    fOrder.resize(fEvents.size());
    std::iota(fOrder.begin(), fOrder.end(), 0u);
    DropLateRepeats();
+   DropUndatedRepeats();
    ChooseClock();
    Sort();
    CountUp();
@@ -197,6 +199,34 @@ void TEventLog::DropLateRepeats()
                 fOrder.end());
    fSeen = {};
    fMergedOnly = {};
+}
+
+/// A merged log may take its times from where a log of its own has none: then the message tells.
+void TEventLog::DropUndatedRepeats()
+{
+   const auto isUndatedOfMerged = [this](std::uint32_t at) {
+      return fTables[fEvents[at].fTable].fColumns.fIsMerged &&
+             fEvents[at].fSeconds == TEvent::kUndated;
+   };
+   std::unordered_multimap<std::string, std::uint32_t> eventsOf;
+   for (const std::uint32_t at : fOrder)
+      if (isUndatedOfMerged(at))
+         eventsOf.emplace(ReadTexts(fEvents[at]).fMessage, at);
+   if (eventsOf.empty())
+      return;
+   std::vector<bool> isDropped(fEvents.size(), false);
+   for (const std::uint32_t at : fOrder) {
+      if (fTables[fEvents[at].fTable].fColumns.fIsMerged)
+         continue;
+      const auto repeat = eventsOf.find(std::string(ReadTexts(fEvents[at]).fMessage));
+      if (repeat == eventsOf.end())
+         continue;
+      isDropped[repeat->second] = true;
+      eventsOf.erase(repeat);
+   }
+   fOrder.erase(std::remove_if(fOrder.begin(), fOrder.end(),
+                               [&isDropped](std::uint32_t at) { return isDropped[at]; }),
+                fOrder.end());
 }
 
 void TEventLog::ChooseClock()

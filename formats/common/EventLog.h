@@ -6,7 +6,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -148,6 +147,7 @@ private:
    void AddRow(const TTableRows& rows, std::size_t row);
    void Date(TEvent& event, std::string_view timeText) const;
    void DropLateRepeats();
+   void DropUndatedRepeats();
    void ChooseClock();
    void Sort();
    void CountUp();

@@ -9,6 +9,8 @@ const kSecond = "\x1d";
 const kHeader = "\x0e";
 const kRowLink = "\x11";
 const kToldState = ["", "", "\x12\x03", "\x12\x04"];
+/** Where the records of a log tell their severity, but not in a column. */
+const kSeverityWords = ["", "Information", "Warning", "Error"];
 
 const kZoneUnknown = 4;
 const kNoDate = 8;
@@ -202,7 +204,7 @@ export class TimelineRows implements RowSource {
     const told = flags & kNoDate ? joinNote(cells.time, "no date") : formatTime(this.seconds[place]!);
     const time = flags & kZoneUnknown ? joinNote(told, "zone unknown") : told;
     const severity = this.hasSeverities
-      ? `${kCellEnd}${kToldState[flags & kSeverityMask]!}${cells.severity}`
+      ? `${kCellEnd}${kToldState[flags & kSeverityMask]!}${cells.severity || kSeverityWords[flags & kSeverityMask]!}`
       : "";
     const address = `${encodeURIComponent(table.file)}#t${table.table}-r${this.eventRows[place]!}`;
     const log = `${kRowLink}${cells.log || table.name}${kSecond}${address}`;

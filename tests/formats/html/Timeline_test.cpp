@@ -17,7 +17,7 @@ using testing::Not;
 
 const char* const kClasses = R"(
    class ZANSG_LogRecord {
-      [Key] string RecordID; string LogName; datetime MessageTimestamp;
+      [Key] string RecordID; string LogName; datetime MessageTimestamp; datetime CreationTimeStamp;
       string SourceNode; string Source; string Message; };
    class ZANSG_LinuxEventLogRecord : ZANSG_LogRecord {
       [ValueMap {"2", "5"}, Values {"Information", "Major"}] uint16 PerceivedSeverity; };
@@ -127,6 +127,22 @@ TEST_F(Timeline, ARecordTellsASeverityThatItsPageDoesNotShow)
    EXPECT_THAT(fPage, HasSubstr("aria-label=\"Errors: 1, at most 1 per 10 seconds\""));
    EXPECT_THAT(fPage, HasSubstr(">Information</td>"));
    EXPECT_THAT(fFolder.Read("syslog_a.html"), Not(HasSubstr("Information")));
+}
+
+TEST_F(Timeline, AMergedLogByAnotherDateRepeatsNothing)
+{
+   THtmlWriter writer{THtmlOptions()};
+   writer.Initialize(MakeNamespace(std::string(kClasses) + R"(
+      instance of ZANSG_LinuxEventLogRecord { RecordID = "1"; LogName = "a"; Message = "dated";
+         MessageTimestamp = "20090617120000.000000+060"; };
+      instance of ZANSG_LogRecord { RecordID = "2"; LogName = "Other"; Message = "merged only"; };)"),
+                     {}, fFolder.GetPath());
+   writer.BeginIndexGroup("Logs");
+   writer.WriteLinuxLogReport();
+   writer.WriteCELMergedLogReport();
+   writer.EndIndex();
+   fPage = fFolder.Read("timeline.html");
+   EXPECT_THAT(GetRecords(), ElementsAre("2009-06-17 12:00:00|dated", "no date|merged only"));
 }
 
 TEST_F(Timeline, OneTimeInTwoZonesIsOfNoKnownZone)

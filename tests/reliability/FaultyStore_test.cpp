@@ -1,0 +1,370 @@
+// The reports over a store that fails: once or from some call on, with every kind of failure that
+// the contract knows. QSX_TORTURE is the number of faults to try in each run,
+// "all" for every one; without it a small sample is tried.
+
+#include <cstdlib>
+#include <functional>
+#include <iostream>
+#include <limits>
+#include <new>
+#include <numeric>
+#include <random>
+#include <set>
+
+#include <gtest/gtest.h>
+
+#include "comparison/TDeltaRepository.h"
+#include "html/THtmlWriter.h"
+#include "hypervisor/TReport_vmwesxi.h"
+#include "readers/CollectionLoader.h"
+#include "readers/ExpectedClasses.h"
+#include "reliability/TFaultStore.h"
+#include "run/TReport.h"
+#include "support/TRecordingWriter.h"
+#include "support/TRecordingWriter_vmwesxi.h"
+#include "support/TTemporaryFolder.h"
+
+using NZANQSX20::TMemoryStore;
+
+namespace {
+
+using TLines = std::vector<std::string>;
+using TNamespace = boost::shared_ptr<ICIMNamespace>;
+using TInstances = std::vector<boost::shared_ptr<ICIMInstance>>;
+
+constexpr int kStatuses[] = {15, 1, 27, 0, -1, 1000, TFault::kOutOfMemory, TFault::kEmptyHandle};
+/// Nothing left the run.
+constexpr int kNone = -2;
+/// An empty handle was used: after a class lookup that gave one, and where a report goes on
+/// without the class that it did not get.
+constexpr int kAssertion = 1;
+
+/// How many faults of a run the ordinary tests try.
+constexpr std::size_t kSample = 40;
+constexpr std::size_t kAll = std::numeric_limits<std::size_t>::max();
+
+/// What a run came to.
+struct TOutcome
+{
+   int fStatus = kNone;
+   /// What left the run where it was no failure of the store.
+   std::string fForeign;
+   std::uint64_t fCalls = 0;
+   /// The calls on the writer, where it records them.
+   TLines fLines;
+   /// How many of the lines were there when the first call failed.
+   std::size_t fLinesBefore = 0;
+   /// What was written, by the name of the page.
+   std::map<std::string, std::string> fPages;
+   /// The pages by the last store call that served them.
+   std::map<std::uint64_t, std::string> fPageOfCall;
+};
+
+/// A writer that knows which store calls its pages took.
+template <typename Writer>
+class TPagedWriter : public Writer
+{
+public:
+   using Writer::Writer;
+
+   const TFaultStore* fStore = nullptr;
+   std::map<std::uint64_t, std::string> fPageOfCall;
+   /// The first line of each page.
+   std::vector<std::pair<std::size_t, std::string>> fBegins;
+
+   void OpenReportFile(std::string path) override
+   {
+      fPage = std::filesystem::path(path).stem();
+      fBegins.emplace_back(CountLines(), fPage);
+      Writer::OpenReportFile(path);
+   }
+
+   void WriteIndexEntry(std::string linkName, std::string displayName, const bool& hasData) override
+   {
+      Writer::WriteIndexEntry(linkName, displayName, hasData);
+      fPageOfCall[fStore->GetCalls()] = fPage;
+   }
+
+   std::size_t CountLines() const
+   {
+      if constexpr (std::is_same_v<THtmlWriter, Writer>)
+         return 0;
+      else
+         return this->fLines.size();
+   }
+
+private:
+   std::string fPage;
+};
+
+template <typename Recording>
+void TakePages(TPagedWriter<Recording>& writer, const std::string&, TOutcome& outcome)
+{
+   outcome.fLines.swap(writer.fLines);
+   for (std::size_t i = 0; i < writer.fBegins.size(); ++i) {
+      const bool isLast = i + 1 == writer.fBegins.size();
+      const std::size_t end = isLast ? outcome.fLines.size() : writer.fBegins[i + 1].first;
+      for (std::size_t line = writer.fBegins[i].first; line < end; ++line)
+         outcome.fPages[writer.fBegins[i].second] += outcome.fLines[line] + '\n';
+   }
+}
+
+/// Of each page what is its own; index and timeline are made of all the others.
+void TakePages(TPagedWriter<THtmlWriter>&, const std::string& folder, TOutcome& outcome)
+{
+   for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+      if (entry.is_directory())
+         continue;
+      std::ifstream file(entry.path());
+      const std::string text{std::istreambuf_iterator<char>(file), {}};
+      const std::string name = entry.path().stem();
+      const std::size_t own = text.find("<main");
+      if (own != std::string::npos && name != "index" && name != "timeline")
+         outcome.fPages[name] = text.substr(own);
+      std::filesystem::remove(entry.path());
+   }
+}
+
+boost::shared_ptr<TMemoryStore> Load(const std::string& example)
+{
+   const auto store = NZANQSX20::LoadCollection({QSX_EXAMPLES "/" + example}).fStore;
+   NZANQSX20::DeclareExpectedClasses(*store);
+   return store;
+}
+
+TInstances GetInstances(const TNamespace& cimNamespace, const std::string& name)
+{
+   TInstances instances;
+   cimNamespace->GetClass(name, {})->EnumerateInstances(
+      TAddToVectorCallback<ICIMInstance>(instances), false, {});
+   return instances;
+}
+
+/// The path of the instance and those it refers to.
+TLines GetPaths(const boost::shared_ptr<ICIMInstance>& instance)
+{
+   TLines paths = {instance->GetReference({}).GetPath()};
+   std::vector<boost::shared_ptr<ICIMProperty>> properties;
+   instance->EnumerateProperties(TAddToVectorCallback<ICIMProperty>(properties), {});
+   for (const auto& property : properties)
+      if (property->GetType({}) == TCIMValue::TCIMType::kReference)
+         paths.push_back(property->GetValueString());
+   return paths;
+}
+
+/// Leaves the first instance of each class, and what associations among these refer to.
+TNamespace KeepOneOfEach(const boost::shared_ptr<TMemoryStore>& store)
+{
+   const TNamespace cimNamespace = NZANQSX20::OpenNamespace(store);
+   std::set<std::string> kept;
+   TInstances all;
+   for (const auto* storedClass : store->GetSchema().GetClasses()) {
+      const TInstances instances = GetInstances(cimNamespace, storedClass->GetName());
+      all.insert(all.end(), instances.begin(), instances.end());
+      if (!instances.empty())
+         for (const std::string& path : GetPaths(instances.front()))
+            kept.insert(path);
+   }
+   for (const auto& instance : all)
+      if (kept.count(instance->GetReference({}).GetPath()) == 0)
+         instance->Delete({});
+   return cimNamespace;
+}
+
+TNamespace Compare(const std::string& base, const std::string& other)
+{
+   const std::vector<boost::shared_ptr<TMemoryStore>> stores = {Load(base), Load(other)};
+   for (const auto& store : stores)
+      KeepOneOfEach(store);
+   NZANQSX20::TDeltaRepository repository(stores);
+   repository.FindDifferences({});
+   return repository.Open();
+}
+
+/// Tables whose columns don't add up are told on standard output, once a run.
+class TQuiet
+{
+public:
+   ~TQuiet() { std::cout.rdbuf(fFormer); }
+
+private:
+   std::streambuf* fFormer = std::cout.rdbuf(nullptr);
+};
+
+/// One collection and one way to report it, over a store that can fail.
+class TFaultyRun
+{
+public:
+   using TWrite = std::function<TOutcome(const TNamespace&, TFaultStore&)>;
+
+   TFaultyRun(const TNamespace& inner, TWrite write)
+      : fStore(std::make_shared<TFaultStore>()),
+        fNamespace(TFaultStore::Open(inner, fStore)),
+        fWrite(std::move(write))
+   {}
+
+   TOutcome Run(const TFault& fault)
+   {
+      fStore->Arm(fault);
+      return fWrite(fNamespace, *fStore);
+   }
+
+private:
+   std::shared_ptr<TFaultStore> fStore;
+   TNamespace fNamespace;
+   TWrite fWrite;
+};
+
+/// All runs with one writer.
+template <typename Report, typename Writer, typename... Arguments>
+TFaultyRun::TWrite Writing(const TContext& params, const Arguments&... arguments)
+{
+   const auto writer = std::make_shared<TPagedWriter<Writer>>(arguments...);
+   const auto folder = std::make_shared<TTemporaryFolder>();
+   return [writer, folder, params](const TNamespace& cimNamespace, TFaultStore& store) {
+      TOutcome outcome;
+      writer->fStore = &store;
+      writer->fPageOfCall.clear();
+      writer->fBegins.clear();
+      store.fOnFailure = [&] { outcome.fLinesBefore = writer->CountLines(); };
+      const TQuiet quiet;
+      try {
+         Report(cimNamespace, params, folder->GetPath()).Write(writer.get(), params);
+      } catch (const TQSXException& failure) {
+         outcome.fStatus = failure.fStatusCode.fStatusCode;
+      } catch (const std::bad_alloc&) {
+         outcome.fStatus = TFault::kOutOfMemory;
+      } catch (const std::exception& failure) {
+         outcome.fForeign = failure.what();
+      }
+      store.fOnFailure = nullptr;
+      outcome.fCalls = store.GetCalls();
+      outcome.fPageOfCall = writer->fPageOfCall;
+      TakePages(*writer, folder->GetPath(), outcome);
+      return outcome;
+   };
+}
+
+/// What a fault must not change. Missing: the empty text when all is as it should be.
+std::string FindWrong(const TFault& fault, const TOutcome& outcome, const TOutcome& reference)
+{
+   if (!outcome.fForeign.empty())
+      return "another exception: " + outcome.fForeign;
+   if (outcome.fStatus != kNone && outcome.fStatus != fault.fStatus &&
+       outcome.fStatus != kAssertion)
+      return "another status: " + std::to_string(outcome.fStatus);
+   if (!std::equal(outcome.fLines.begin(),
+                   outcome.fLines.begin() + static_cast<std::ptrdiff_t>(outcome.fLinesBefore),
+                   reference.fLines.begin()))
+      return "the calls before the failure differ";
+   if (outcome.fStatus != kNone || fault.fOnward)
+      return "";
+   // What comes ahead of the second page belongs to all: corrections, probes, the first labels.
+   const auto failing = reference.fPageOfCall.lower_bound(fault.fCall);
+   if (failing == reference.fPageOfCall.begin() || failing == reference.fPageOfCall.end())
+      return "";
+   for (const auto& [name, page] : reference.fPages) {
+      const auto found = outcome.fPages.find(name);
+      const bool isEqual = found != outcome.fPages.end() && found->second == page;
+      if (name != failing->second && !isEqual)
+         return "the fault is in " + failing->second + ", but this page differs, too: " + name;
+   }
+   return "";
+}
+
+/// Numbers a store call and a kind of failure in one.
+TFault GetFault(std::uint64_t number)
+{
+   const std::uint64_t kinds = std::size(kStatuses);
+   return {number / kinds / 2 + 1, kStatuses[number / 2 % kinds], number % 2 == 1};
+}
+
+/// The same at each run.
+std::vector<std::uint64_t> GetFaultNumbers(std::uint64_t calls, std::size_t most)
+{
+   const char* torture = std::getenv("QSX_TORTURE");
+   const std::string wanted = torture != nullptr ? torture : std::to_string(kSample);
+   const std::size_t count = wanted == "all" ? kAll : std::stoul(wanted);
+   std::vector<std::uint64_t> all(calls * std::size(kStatuses) * 2);
+   std::iota(all.begin(), all.end(), 0);
+   std::vector<std::uint64_t> sample;
+   std::sample(all.begin(), all.end(), std::back_inserter(sample), std::min(count, most),
+               std::mt19937(4711));
+   return sample;
+}
+
+void CheckFaults(TFaultyRun run, std::size_t most = kAll)
+{
+   // Corrections change the collection in the first run only.
+   run.Run({});
+   const TOutcome reference = run.Run({});
+   ASSERT_EQ(kNone, reference.fStatus) << reference.fForeign;
+   const std::vector<std::uint64_t> numbers = GetFaultNumbers(reference.fCalls, most);
+   std::cout << reference.fCalls << " store calls, " << reference.fPages.size() << " pages, "
+             << numbers.size() << " faults" << std::endl;
+   for (const std::uint64_t number : numbers) {
+      const TFault fault = GetFault(number);
+      const std::string wrong = FindWrong(fault, run.Run(fault), reference);
+      const TOutcome next = run.Run({});
+      const bool isClean = next.fStatus == kNone && next.fLines == reference.fLines &&
+                           next.fPages == reference.fPages;
+      ASSERT_TRUE(wrong.empty() && isClean)
+         << "call " << fault.fCall << (fault.fOnward ? " and on" : "") << ", status "
+         << fault.fStatus << ": " << (wrong.empty() ? "the next run differs" : wrong);
+   }
+}
+
+}  // namespace
+
+TEST(FaultyStore, Report)
+{
+   CheckFaults({KeepOneOfEach(Load("windows-server")), Writing<TReport, TRecordingWriter>({})});
+}
+
+TEST(FaultyStore, ReportOfDebian)
+{
+   CheckFaults({KeepOneOfEach(Load("debian-host")), Writing<TReport, TRecordingWriter>({})});
+}
+
+TEST(FaultyStore, ServiceReport)
+{
+   const TContext service = {{"mode", "mek"}, {"KMC", ""}};
+   CheckFaults(
+      {KeepOneOfEach(Load("windows-server")), Writing<TReport, TRecordingWriter>(service)});
+}
+
+TEST(FaultyStore, ServiceReportOfESX)
+{
+   const TContext service = {{"mode", "mek"}};
+   CheckFaults({KeepOneOfEach(Load("esx-server")), Writing<TReport, TRecordingWriter>(service)});
+}
+
+TEST(FaultyStore, HypervisorReport)
+{
+   CheckFaults(
+      {KeepOneOfEach(Load("esxi-host")), Writing<TReport_vmwesxi, TRecordingWriter_vmwesxi>({})});
+}
+
+TEST(FaultyStore, Comparison)
+{
+   const TContext two = {{"nNamespaces", static_cast<unsigned short>(2)}};
+   CheckFaults({Compare("windows-server", "esx-server"), Writing<TReport, TRecordingWriter>(two)});
+}
+
+TEST(FaultyStore, ComparisonOfOneServer)
+{
+   const std::string folder = "compare/one-server-two-times/";
+   const TContext two = {{"nNamespaces", static_cast<unsigned short>(2)}};
+   CheckFaults({Compare(folder + "before.mof", folder + "after.mof"),
+                Writing<TReport, TRecordingWriter>(two)});
+}
+
+TEST(FaultyStore, Pages)
+{
+   // Each of these runs writes some fifty files.
+   constexpr std::size_t kPagesInTorture = 5000;
+   const TContext service = {{"mode", "mek"}};
+   CheckFaults({KeepOneOfEach(Load("windows-server")),
+                Writing<TReport, THtmlWriter>(service, THtmlOptions())},
+               kPagesInTorture);
+}

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <charconv>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
@@ -9,12 +10,14 @@
 #include <iostream>
 #include <new>
 #include <optional>
+#include <string_view>
 
 #include <fmt/chrono.h>
 #include <fmt/format.h>
 
 #include "CommandFailure.h"
 #include "Console.h"
+#include "InputNames.h"
 #include "Options.h"
 #include "OutputFolder.h"
 #include "RunLog.h"
@@ -31,23 +34,28 @@ std::string DescribeFailure(const TQSXException& failure)
                       failure.fStatusCode.fStatusCode);
 }
 
-std::string DescribeSource(const TOptions& options)
+/// "a.mof, b.mof"
+std::string Join(const std::vector<std::string>& names)
 {
    std::string text;
-   for (const std::string& collection : options.fCollections)
-      text += (text.empty() ? "" : ", ") + (collection == "-" ? "standard input" : collection);
+   for (const std::string& name : names)
+      text += (text.empty() ? "" : ", ") + name;
    return text;
 }
 
-/// The local time, or the time in UTC that SOURCE_DATE_EPOCH asks for, so that pages can be equal.
+/// The time that SOURCE_DATE_EPOCH asks for, in UTC. Missing: empty where it asks for none, so that
+/// the same input gives the same pages at any time.
 std::string DescribeTime()
 {
    const char* epoch = std::getenv("SOURCE_DATE_EPOCH");
-   const std::time_t time =
-      epoch != nullptr ? std::strtoll(epoch, nullptr, 10) : std::time(nullptr);
+   const std::string_view text = epoch != nullptr ? epoch : "";
+   std::time_t time = 0;
+   const auto read = std::from_chars(text.data(), text.data() + text.size(), time);
    std::tm parts = {};
-   epoch != nullptr ? gmtime_r(&time, &parts) : localtime_r(&time, &parts);
-   return fmt::format("{:%Y-%m-%d %H:%M}{}", parts, epoch != nullptr ? " UTC" : "");
+   if (text.empty() || read.ec != std::errc() || read.ptr != text.data() + text.size() ||
+       gmtime_r(&time, &parts) == nullptr)
+      return "";
+   return fmt::format("{:%Y-%m-%d %H:%M} UTC", parts);
 }
 
 /// Hands every core log line, of all levels, to the run.
@@ -93,16 +101,17 @@ public:
       settings.fFormatName = choice.fName;
       settings.fIsOneFile = IsStandardOutput(fOptions);
       settings.fBaseDirectory = fOptions.fBaseDirectory;
-      settings.fSource = DescribeSource(fOptions);
+      const std::vector<std::string> inputs = NameInputs(fOptions.fCollections);
+      settings.fSource = Join(inputs);
       if (fOptions.fCommand == ECommand::kCompare)
-         settings.fComparedFiles = fOptions.fCollections;
+         settings.fComparedFiles = inputs;
       settings.fWritten = DescribeTime();
       settings.fProgram = std::string("qsxreport ") + QSX_VERSION;
       settings.fOnPage = [this](const std::string& page) { fConsole.Progress("Writing " + page); };
       try {
          runInFormat(*choice.fFormat, settings);
       } catch (const TQSXException& failure) {
-         throw TCommandFailure(kExitRun, DescribeFailure(failure));
+         throw TCommandFailure(kExitRun, fFolder.NameTarget(DescribeFailure(failure)));
       } catch (const std::bad_alloc&) {
          throw TCommandFailure(kExitRun, "out of memory");
       } catch (const std::exception& failure) {

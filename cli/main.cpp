@@ -1,3 +1,7 @@
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <exception>
@@ -51,6 +55,17 @@ EExitCode RunCommand(const TOptions& options, TConsole& console)
    return kExitUsage;
 }
 
+/// Takes the places of standard streams that are closed: an output file would get them, and then
+/// what is said on them. Each is opened the wrong way round, so that its use still fails.
+void OccupyStandardStreams()
+{
+   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+      if (fcntl(stream, F_GETFD) < 0 && errno == EBADF) {
+         const int opened = open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+         static_cast<void>(opened);
+      }
+}
+
 /// Throws: TCommandFailure when a result is lost.
 void CheckStandardOutput()
 {
@@ -86,6 +101,7 @@ int RunAndTell(const TOptions& options, TConsole& console)
 
 int main(int argc, char** argv)
 {
+   OccupyStandardStreams();
    // A file that reaches the size limit is to fail as a full disk does, with a message.
    std::signal(SIGXFSZ, SIG_IGN);
    try {

@@ -25,6 +25,20 @@ struct TCloseFile
 
 using TFile = std::unique_ptr<std::FILE, TCloseFile>;
 
+/// A failure of a text file. what() names the file and the system's reason.
+class TTextFileError : public TQSXException
+{
+public:
+   TTextFileError(int status, const std::string& path, int error)
+      : TQSXException(status), fText("cannot write " + path + ": " + std::strerror(error))
+   {}
+
+   const char* what() const noexcept override { return fText.c_str(); }
+
+private:
+   std::string fText;
+};
+
 /// Opens a regular file for writing. A link in its place is not followed, and a pipe or a device
 /// is refused without waiting for it: the output directory may be one that others can write to.
 TFile OpenTextFile(const std::string& path)
@@ -33,25 +47,25 @@ TFile OpenTextFile(const std::string& path)
       open(path.c_str(),
            O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666);
    if (descriptor < 0)
-      throw TQSXException(errno == EACCES ? kStatusAccessDenied : kStatusCannotOpen);
+      throw TTextFileError(errno == EACCES ? kStatusAccessDenied : kStatusCannotOpen, path, errno);
    struct stat status = {};
    std::FILE* file = nullptr;
    if (fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode))
       file = fdopen(descriptor, "w");
    if (file == nullptr) {
       close(descriptor);
-      throw TQSXException(kStatusCannotOpen);
+      throw TTextFileError(kStatusCannotOpen, path, EINVAL);
    }
    return TFile(file);
 }
 
 [[noreturn]] void ReportWriteFailure(const std::string& path)
 {
-   const std::string reason = std::strerror(errno);
-   TRootObject::GetCoreLogger()->Log(
-      NZANQSX20::kLogError,
-      "Cannot write raw data file " + path + ": " + reason + ". Its text is incomplete.");
-   throw TQSXException(kStatusCannotOpen);
+   const int error = errno;
+   TRootObject::GetCoreLogger()->Log(NZANQSX20::kLogError, "Cannot write raw data file " + path +
+                                                              ": " + std::strerror(error) +
+                                                              ". Its text is incomplete.");
+   throw TTextFileError(kStatusCannotOpen, path, error);
 }
 
 void WriteLines(const std::string& path, const boost::shared_ptr<ICIMInstance>& instance)

@@ -8,7 +8,7 @@ TOOL := build/release/bin/qsxreport
 # What stands in a folder of this tree is ours to replace; a folder of yours needs FORCE=--force.
 FORCE ?= $(if $(filter out/%,$(OUT)),--force)
 
-.PHONY: release help report example hypervisor compare build test sanitize setup format clean
+.PHONY: release help report example hypervisor compare build test torture fuzz sanitize setup format clean
 
 help:
 	@echo "make report                          pages of this machine"
@@ -50,6 +50,19 @@ build: build/release/build.ninja
 test: build/release/build.ninja
 	@cmake --build --preset release
 	@ctest --preset release
+
+# Each fuzzer for a minute; what breaks stays in fuzz/inputs, and the tests replay it.
+FUZZ_SECONDS ?= 60
+fuzz: build/fuzz/build.ninja
+	@cmake --build --preset fuzz --target qsxreport_fuzz -- --quiet
+	@fuzz/run build/fuzz/bin/qsxreport_fuzz $(FUZZ_SECONDS)
+
+# All failures that the ordinary tests sample. TORTURE=asan-ubsan finds more and takes far longer.
+TORTURE ?= release
+torture: build/$(TORTURE)/build.ninja
+	@cmake --build --preset $(TORTURE)
+	@QSX_TORTURE=all build/$(TORTURE)/bin/qsxreport_tests --gtest_filter='FaultyStore.*:FailingOutput.*'
+	@tests/reliability/hostile_pages.py build/$(TORTURE)/bin/qsxreport examples 6
 
 sanitize: build/asan-ubsan/build.ninja
 	@cmake --build --preset asan-ubsan

@@ -55,7 +55,7 @@ TCollection ReadCollections(const TOptions& options, const std::vector<std::stri
    if (ReadsStandardInput(paths) && options.fFormats.size() > 1)
       RewindStandardInput();
    console.Progress("Reading " + paths.front());
-   return NZANQSX20::LoadCollection(paths);
+   return NZANQSX20::LoadCollection(paths, options.fLimits);
 }
 
 std::vector<std::string> AddExpectedClasses(const TOptions& options, TMemoryStore& store)

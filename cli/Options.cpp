@@ -10,6 +10,7 @@
 #include "CommandFailure.h"
 #include "CommandPages.h"
 #include "DataFolder.h"
+#include "LimitOptions.h"
 #include "Suggestion.h"
 #include "Version.h"
 
@@ -21,6 +22,7 @@ struct TParsedLine
    TOptions fOptions;
    std::vector<std::string> fFormats;
    std::string fForm;
+   std::vector<std::string> fLimits;
 };
 
 struct TCommandName
@@ -280,6 +282,16 @@ void AddInputOptions(CLI::App& command, TParsedLine& line)
       ->group("Input");
 }
 
+void AddLimitOptions(CLI::App& command, TParsedLine& line)
+{
+   command
+      .add_option("--limit", line.fLimits,
+                  "How much the input may ask for, may be repeated:\n" + DescribeLimits())
+      ->type_name("NAME=N")
+      ->allow_extra_args(false)
+      ->group("Input");
+}
+
 void AddMessageOptions(CLI::App& command, TParsedLine& line)
 {
    TOptions& options = line.fOptions;
@@ -339,6 +351,8 @@ void AddReadingOptions(CLI::App& command, ECommand name, TParsedLine& line)
       AddRunOptions(command, line);
    if (!WritesCollection(name))
       AddInputOptions(command, line);
+   if (name != ECommand::kCollect)
+      AddLimitOptions(command, line);
    AddMessageOptions(command, line);
 }
 
@@ -496,6 +510,7 @@ TOptions CheckOptions(const CLI::App& command, TParsedLine& line)
       if (command.get_name() == name.fName)
          options.fCommand = name.fCommand;
    CheckExtras(command);
+   SetLimits(line.fLimits, options.fLimits);
    if (options.fListIgnored)
       return options;
    options.fMasks = options.fMasks || options.fCommand == ECommand::kMask;

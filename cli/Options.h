@@ -6,6 +6,7 @@
 
 #include "Formats.h"
 #include "TCIMValue.h"
+#include "readers/TReadLimits.h"
 #include "writers/CollectionForm.h"
 
 enum class ECommand
@@ -86,6 +87,8 @@ struct TOptions
    std::string fBaseDirectory;
    bool fStrict = false;
    std::string fIPMIAddress;
+   /// How much the collections may ask for.
+   NZANQSX20::TReadLimits fLimits;
 
    std::string fLogFile;
    int fLogLevel = 2;

@@ -12,8 +12,6 @@ constexpr std::int64_t kHour = 3600;
 constexpr std::int64_t kMinute = 60;
 /// One in so many records may be far from all others.
 constexpr std::size_t kFewRecords = 100;
-/// How far a hash may be from its share of the way through all of them, at first.
-constexpr std::size_t kReach = 64;
 /// Texts of a record in the spool: this many lengths, then as many texts.
 constexpr std::size_t kTexts = 5;
 using TLengths = std::array<std::uint32_t, kTexts>;
@@ -141,18 +139,7 @@ bool TEventLog::TSeenRecords::Take(std::uint64_t hash)
 {
    if (!fAdded.empty())
       Sort();
-   // Hashes are spread evenly, so that one is near its share of the way: a search over all of them
-   // would wait for memory at each of its steps.
-   std::size_t first = ((hash >> 32) * fCounts.size()) >> 32;
-   std::size_t end = first;
-   for (std::size_t reach = kReach; first > 0 && fCounts[first].first >= hash; reach *= 2)
-      first -= std::min(first, reach);
-   for (std::size_t reach = kReach; end < fCounts.size() && fCounts[end].first <= hash; reach *= 2)
-      end += std::min(fCounts.size() - end, reach);
-   const auto begin = fCounts.begin();
-   const auto found =
-      std::lower_bound(begin + static_cast<std::ptrdiff_t>(first),
-                       begin + static_cast<std::ptrdiff_t>(end), std::make_pair(hash, 0u));
+   const auto found = std::lower_bound(fCounts.begin(), fCounts.end(), std::make_pair(hash, 0u));
    if (found == fCounts.end() || found->first != hash || found->second == 0)
       return false;
    --found->second;

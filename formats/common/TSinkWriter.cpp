@@ -1,6 +1,9 @@
 #include "common/TSinkWriter.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
 #include <utility>
 
 #include "common/ByteDump.h"
@@ -40,6 +43,24 @@ bool MayHaveRawForm(const TWriter::TProperties& properties)
       return property.GetType({}) != TCIMValue::TCIMType::kDateTime ||
              !property.GetValue().IsNull();
    } catch (const TQSXException&) {
+      return true;
+   }
+}
+
+/// False for an integer that the library's int can't hold: what it makes of it has wrapped.
+bool FitsInt(ICIMInstance& instance, const char* name)
+{
+   try {
+      const TCIMValue value = instance.GetProperty(name, {})->GetValue(TContext());
+      const TCIMValue::ECIMType type = value.GetType();
+      if (type < TCIMValue::TCIMType::kUInt32 || type > TCIMValue::TCIMType::kSInt64)
+         return true;
+      const std::string digits = value.ToString(10);
+      int number = 0;
+      return std::from_chars(digits.data(), digits.data() + digits.size(), number).ec !=
+             std::errc::result_out_of_range;
+   } catch (const TQSXException&) {
+      // Told by the library.
       return true;
    }
 }
@@ -304,7 +325,12 @@ void TSinkWriter::WriteHeaderTextCell(std::string text, TReportProperty property
 
 void TSinkWriter::WriteNumericSensorCell(boost::shared_ptr<ICIMInstance> instance, TReportProperty)
 {
-   WriteValue(GetNumericSensorValue(instance, false), "", false);
+   const std::string value = GetNumericSensorValue(instance, false);
+   const bool isNumber = FitsInt(*instance, "CurrentReading") &&
+                         FitsInt(*instance, "UnitModifier") &&
+                         std::isfinite(std::strtod(value.c_str(), nullptr));
+   // A number that wrapped on its way, or "inf", is no reading.
+   WriteValue(isNumber ? value : "", "", false);
 }
 
 void TSinkWriter::WriteCadenzaRow(boost::shared_ptr<ICIMInstance> instance, TReportProperty score,

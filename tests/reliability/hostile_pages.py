@@ -1,0 +1,226 @@
+#!/usr/bin/python3
+"""Pages of a collection whose every text is a payload, against those of one with harmless words.
+
+hostile_pages.py TOOL EXAMPLES ROUNDS [RUN...]: a round gives every text another payload. The pages of
+both are read by an HTML5 parser: their trees are to be equal, and the text is to be the payload.
+"""
+
+import json
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+
+import html5lib
+
+PAYLOADS = pathlib.Path(__file__).with_name("payloads.json")
+TEXT = re.compile(r'"((?:[^"\\\n]|\\.)*)"')
+NOT_LOADED = re.compile(r"^(https?:|//|data:|javascript:)", re.I)
+failures = []
+
+
+def fail(text):
+    failures.append(text)
+
+
+def read_payloads():
+    return json.loads(PAYLOADS.read_text(encoding="utf-8"))
+
+
+def make_harmless(payload):
+    """As long, with its blanks where they are."""
+    return "".join(c if c.isspace() or c.isalnum() and c.isascii() else "x" for c in payload)
+
+
+def quote(text):
+    return "".join("\\" + c if c in '"\\' else f"\\x{ord(c):04X}" if ord(c) < 32 or ord(c) == 127
+                   else c for c in text)
+
+
+def unquote(text):
+    return re.sub(r'\\(.)', r"\1", text)
+
+
+class Suffixes:
+    """Appends to each text what belongs to it, the same wherever the text stands."""
+
+    def __init__(self, words, first):
+        self.words, self.first, self.numbers = words, first, {}
+
+    def get(self, text):
+        number = self.numbers.setdefault(text, len(self.numbers))
+        # Behind the least character that a text holds: the order of texts stays as it was.
+        return "\t" + self.words[(self.first + number) % len(self.words)]
+
+    def in_mof(self, mof):
+        mof = re.sub(r"//[^\n]*", "", mof)
+        return TEXT.sub(self.in_literal, mof)
+
+    def in_literal(self, match):
+        text = match.group(1)
+        if re.fullmatch(r"\d{8,14}[\d*]*[.:][\d*:+-]+|[\d.+-]*|\.\.|\d+\.\.\d*", text):
+            return match.group(0)
+        if re.match(r'[A-Za-z_]\w*\.\w+=', text):
+            # A path: its keys change as the texts do that they name.
+            return '"' + re.sub(r'\\"((?:[^"\\]|\\\\(?:\\"|\\\\))*)\\"', self.in_key, text) + '"'
+        return '"' + text + quote(self.get(text)) + '"'
+
+    def in_key(self, match):
+        text = match.group(1)
+        if re.fullmatch(r"[\d.+-]*", text):
+            return match.group(0)
+        suffix = self.get(text)
+        return '\\"' + text + quote(quote_path(suffix)) + '\\"'
+
+
+def quote_path(text):
+    return text.replace("\\", "\\\\").replace('"', '\\"')
+
+
+def run(tool, command, sources, folder, suffixes):
+    inputs = []
+    for source in sources:
+        target = folder / pathlib.Path(source).name
+        target.mkdir()
+        files = sorted(pathlib.Path(source).glob("*.mof")) if os.path.isdir(source) else [source]
+        for file in files:
+            text = pathlib.Path(file).read_text(encoding="utf-8")
+            (target / pathlib.Path(file).name).write_text(suffixes.in_mof(text), encoding="utf-8")
+        inputs.append(str(target))
+    done = subprocess.run([tool, *command, *inputs, "-q", "-o", str(folder / "out")],
+                          capture_output=True, text=True)
+    if done.returncode != 0:
+        fail(f"{command}: exit code {done.returncode}: {done.stderr[:500]}")
+    return folder / "out"
+
+
+def walk(node, path=""):
+    """(path, attributes, text) of all elements, in document order."""
+    name = node.tag if isinstance(node.tag, str) else "comment"
+    path += "/" + name
+    yield path, dict(node.attrib), (node.text or "") + (node.tail or "")
+    for child in node:
+        yield from walk(child, path)
+
+
+def parse(page):
+    parser = html5lib.HTMLParser(namespaceHTMLElements=False)
+    return list(walk(parser.parse(page)))
+
+
+def check_policy(name, elements, page):
+    policies = [attributes.get("content", "") for path, attributes, _ in elements
+                if attributes.get("http-equiv", "").lower() == "content-security-policy"]
+    if len(policies) != 1 or "unsafe-inline" in policies[0] or "default-src 'none'" not in policies[0]:
+        fail(f"{name}: policy {policies}")
+    for path, attributes, text in elements:
+        for attribute, value in attributes.items():
+            if attribute.lower().startswith("on") or attribute == "style":
+                fail(f"{name}: {path} has {attribute}={value[:60]}")
+            if attribute in ("href", "src", "action", "data") and NOT_LOADED.match(value.strip()):
+                fail(f"{name}: {path} leads to {value[:60]}")
+        if path.endswith("/script") and "src" not in attributes and text.strip():
+            if attributes.get("type") != "application/json":
+                fail(f"{name}: a script in the page")
+        if path.endswith(("/style", "/iframe", "/object", "/embed", "/base", "/form")):
+            fail(f"{name}: {path}")
+    control = re.search("[\x00-\x08\x0b-\x1f\x7f-\x9f]", page)
+    if control:
+        fail(f"{name}: control character {control.group(0)!r}")
+
+
+def compare_pages(name, harmless, hostile):
+    plain, attacked = parse(harmless), parse(hostile)
+    check_policy(name, attacked, hostile)
+    if len(plain) != len(attacked):
+        fail(f"{name}: {len(plain)} elements and {len(attacked)} with payloads")
+    for (path, attributes, text), (other, values, content) in zip(plain, attacked):
+        if path != other or sorted(attributes) != sorted(values):
+            return fail(f"{name}: {path} {sorted(attributes)} is {other} {sorted(values)}, "
+                        f"text {content[:80]!r}")
+        if not is_payload(text, content):
+            fail(f"{name}: {path}: {text[:300]!r} is {content[:300]!r}")
+    return None
+
+
+def is_payload(harmless, hostile):
+    """The same text with payloads where the words stand, character by character."""
+    # The size of a file beside the pages: other bytes.
+    harmless, hostile = (re.sub(r", [\d,.]+ (bytes|KB|MB)\.", "", each) for each in (harmless, hostile))
+    if len(harmless) != len(hostile):
+        return False
+    return all(a == b or a == "x" for a, b in zip(harmless, hostile))
+
+
+def pair_files(harmless, hostile):
+    """Some pages are named after a text. The front pages lead to both in the same order."""
+    links = [[attributes["href"].split("#")[0] for _, attributes, _ in
+              parse((folder / "index.html").read_text(encoding="utf-8")) if "href" in attributes]
+             for folder in (harmless, hostile)]
+    pairs = dict(zip(*links))
+    for file in harmless.rglob("*.js*"):
+        name = str(file.relative_to(harmless))
+        pairs.setdefault(name, name)
+    return sorted(pairs.items())
+
+
+def check_script(name, file):
+    done = subprocess.run(["node", "--check", str(file)], capture_output=True, check=False)
+    if done.returncode != 0:
+        fail(f"{name}: {done.stderr.decode()[:300]}")
+
+
+def compare_runs(label, harmless, hostile):
+    pages = 0
+    for name, attacked in pair_files(harmless, hostile):
+        if (harmless / name).is_file() != (hostile / attacked).is_file():
+            fail(f"{label}: only one of {name} and {attacked} is there")
+        if not (harmless / name).is_file() or not (hostile / attacked).is_file():
+            continue
+        content = (hostile / attacked).read_bytes().decode("utf-8")
+        if name.endswith(".html"):
+            compare_pages(f"{label}/{name}", (harmless / name).read_text(encoding="utf-8"), content)
+            pages += 1
+        if name.endswith(".js"):
+            check_script(f"{label}/{name}", hostile / attacked)
+        if name.endswith(".json"):
+            json.loads(content)
+    return pages
+
+
+def main():
+    tool, examples = sys.argv[1], pathlib.Path(sys.argv[2])
+    rounds, wanted = int(sys.argv[3]), sys.argv[4:]
+    payloads = read_payloads()
+    words = [make_harmless(payload) for payload in payloads]
+    runs = {
+        "windows": (["report", "--mode", "mek", "--kmc"], ["windows-server"]),
+        "debian": (["report"], ["debian-host"]),
+        "esx": (["report", "--mode", "mek"], ["esx-server"]),
+        "hypervisor": (["hypervisor"], ["esxi-host"]),
+        "compare": (["compare"], ["compare/one-server-two-times/before.mof",
+                                  "compare/one-server-two-times/after.mof"]),
+    }
+    pages = 0
+    for number in range(rounds):
+        for label in wanted or runs:
+            command, sources = runs[label]
+            with tempfile.TemporaryDirectory() as folder:
+                outputs = []
+                for kind, suffixes in (("harmless", words), ("hostile", payloads)):
+                    place = pathlib.Path(folder) / kind
+                    place.mkdir()
+                    outputs.append(run(tool, command, [examples / source for source in sources],
+                                       place, Suffixes(suffixes, number * 37)))
+                if not failures:
+                    pages += compare_runs(f"{label} {number}", *outputs)
+    print(f"{len(payloads)} payloads, {pages} pages, {len(failures)} failures")
+    for failure in failures[:20]:
+        print(failure)
+    return 1 if failures else 0
+
+
+sys.exit(main())

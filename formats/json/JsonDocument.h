@@ -8,7 +8,8 @@
 
 /// One JSON object that goes to a file as it grows.
 ///
-/// Shape:  always valid UTF-8; what is no character becomes U+FFFD.
+/// Shape:  always valid UTF-8, without a control byte but line ends; what is no character becomes
+///         U+FFFD.
 /// Owner:  the file stays the caller's.
 /// Throws: TOutputError.
 class TJsonDocument

@@ -191,6 +191,26 @@ def compare_runs(label, harmless, hostile):
     return pages
 
 
+def check_other_formats(label, tool, command, place, payloads):
+    """JSON and plain text of the hostile collection, which a run before has written."""
+    inputs = sorted(str(path) for path in place.iterdir() if path.name != "out")
+    for name in ("json", "text"):
+        out = place / name
+        done = subprocess.run([tool, *command, *inputs, "-q", "--format", name, "-o", str(out)],
+                              capture_output=True, text=True, check=False)
+        if done.returncode != 0:
+            fail(f"{label} {name}: exit code {done.returncode}: {done.stderr[:300]}")
+        for file in (path for path in place.glob(name + "/**/*") if path.is_file()):
+            if "_results" in file.name:
+                continue
+            content = file.read_bytes().decode("utf-8")
+            control = re.search("[\x00-\x08\x0b-\x1f\x7f-\x9f]", content)
+            if control:
+                fail(f"{label} {file.name}: control character {control.group(0)!r}")
+            if file.suffix == ".json":
+                json.loads(content)
+
+
 def main():
     tool, examples = sys.argv[1], pathlib.Path(sys.argv[2])
     rounds, wanted = int(sys.argv[3]), sys.argv[4:]
@@ -217,6 +237,7 @@ def main():
                                        place, Suffixes(suffixes, number * 37)))
                 if not failures:
                     pages += compare_runs(f"{label} {number}", *outputs)
+                check_other_formats(label, tool, command, pathlib.Path(folder) / "hostile", payloads)
     print(f"{len(payloads)} payloads, {pages} pages, {len(failures)} failures")
     for failure in failures[:20]:
         print(failure)

@@ -20,7 +20,7 @@ constexpr TSensorClass kSensorClasses[] = {
 std::optional<double> ReadNumber(const boost::shared_ptr<ICIMInstance>& sensor, const char* name)
 {
    try {
-      const TCIMValue& value = sensor->GetProperty(name, {})->GetValue({});
+      const TCIMValue value = sensor->GetProperty(name, {})->GetValue({});
       return value.IsNull() ? std::nullopt : std::make_optional(static_cast<double>(value));
    } catch (const TQSXException&) {
       return std::nullopt;

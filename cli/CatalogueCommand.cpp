@@ -102,7 +102,8 @@ std::string WriteCatalogue(const TOptions& options, boost::shared_ptr<ICIMNamesp
 EExitCode RunCatalogueCommand(const TOptions& options, TConsole& console)
 {
    TRunLog log(options, console);
-   const boost::shared_ptr<ICIMNamespace> cimNamespace = ReadInput(options, console, log);
+   const boost::shared_ptr<ICIMNamespace> cimNamespace =
+      ReadInput(options, console, log).fNamespace;
    std::string catalogue;
    {
       const TOutputDiversion diversion(log);

@@ -85,14 +85,14 @@ private:
 
 THtmlOptions GetHtmlOptions(const TWriterSettings& settings)
 {
-   return {settings.fBaseDirectory, settings.fSource, settings.fWritten, settings.fProgram,
-           settings.fComparedFiles};
+   return {settings.fBaseDirectory, settings.fSource,        settings.fWritten,
+           settings.fProgram,       settings.fComparedFiles, settings.fCollection};
 }
 
 TDocumentOptions GetDocumentOptions(const TWriterSettings& settings)
 {
-   return {settings.fBaseDirectory, settings.fSource,        settings.fWritten,
-           settings.fProgram,       settings.fComparedFiles, settings.fIsOneFile};
+   return {settings.fBaseDirectory, settings.fSource,    settings.fWritten,   settings.fProgram,
+           settings.fComparedFiles, settings.fIsOneFile, settings.fCollection};
 }
 
 /// Of either kind of run, for a concrete writer of that kind.

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "common/CollectionFacts.h"
+
 class TWriter;
 class TWriter_vmwesxi;
 
@@ -25,6 +27,7 @@ struct TWriterSettings
    /// The run is to be one file, for standard output.
    bool fIsOneFile = false;
    std::string fProgram;
+   TCollectionFacts fCollection;
    /// Told the link name of each page that is begun.
    std::function<void(const std::string&)> fOnPage;
 };

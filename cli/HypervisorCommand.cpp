@@ -2,6 +2,7 @@
 
 #include "Formats.h"
 #include "Input.h"
+#include "Manifest.h"
 #include "Options.h"
 #include "PageRun.h"
 #include "hypervisor/TReport_vmwesxi.h"
@@ -10,13 +11,17 @@ EExitCode RunHypervisorCommand(const TOptions& options, TConsole& console)
 {
    const TContext params = GetRunParameters(options);
    WriteFormats(options, console, [&](TRunLog& log) -> TRunInFormat {
-      const boost::shared_ptr<ICIMNamespace> cimNamespace = ReadInput(options, console, log);
-      return [=, &log](const TFormat& format, const TWriterSettings& settings) {
+      const TRunInput input = ReadInput(options, console, log);
+      return [=, &log](const TFormat& format, TWriterSettings settings) {
+         TManifest manifest("hypervisor", input.fFiles);
+         settings.fCollection = manifest.Attend(input.fFacts);
          const auto run = format.fMakeHypervisorRun(settings);
          RunFormat(*run, log, [&] {
-            TReport_vmwesxi report(cimNamespace, params, settings.fOutputDirectory);
+            TReport_vmwesxi report(input.fNamespace, params, settings.fOutputDirectory);
             report.Write(&run->GetWriter(), params);
          });
+         if (!settings.fIsOneFile)
+            manifest.Write(settings.fOutputDirectory);
       };
    });
    return kExitDone;

@@ -1,6 +1,7 @@
 #include "Input.h"
 
 #include <algorithm>
+#include <set>
 
 #include "Console.h"
 #include "Options.h"
@@ -8,8 +9,8 @@
 #include "StandardInput.h"
 #include "readers/ExpectedClasses.h"
 #include "services/IPMILan.h"
+#include "store/ChangeRecord.h"
 
-using NZANQSX20::ICIMNamespace;
 using NZANQSX20::TCollection;
 using NZANQSX20::TMemoryStore;
 
@@ -46,6 +47,28 @@ std::vector<std::string> FindWrongCommand(ECommand command, const TMemoryStore& 
    return {};
 }
 
+TCorrection::EKind GetKind(const NZANQSX20::TChangeRecord& change)
+{
+   switch (change.fKind) {
+      case NZANQSX20::TChangeRecord::kAdded:
+         return TCorrection::kAdded;
+      case NZANQSX20::TChangeRecord::kRemoved:
+         return TCorrection::kRemoved;
+      case NZANQSX20::TChangeRecord::kChanged:
+         break;
+   }
+   return TCorrection::kChanged;
+}
+
+std::vector<TCorrection> ReadCorrections(const TMemoryStore& store)
+{
+   std::vector<TCorrection> corrections;
+   for (const NZANQSX20::TChangeRecord& change : NZANQSX20::DescribeChanges(store))
+      corrections.push_back({GetKind(change), change.fClass, change.fInstance, change.fProperty,
+                             change.fFrom, change.fTo});
+   return corrections;
+}
+
 }  // namespace
 
 TCollection ReadCollections(const TOptions& options, const std::vector<std::string>& paths,
@@ -65,12 +88,23 @@ std::vector<std::string> AddExpectedClasses(const TOptions& options, TMemoryStor
    return NZANQSX20::DeclareExpectedClasses(store);
 }
 
-boost::shared_ptr<ICIMNamespace> ReadInput(const TOptions& options, TConsole& console, TRunLog& log)
+TRunInput ReadInput(const TOptions& options, TConsole& console, TRunLog& log)
 {
    NZANQSX20::SetIPMILanAddress(options.fIPMIAddress);
    TCollection collection = ReadCollections(options, options.fCollections, console);
    const auto wrongCommand = FindWrongCommand(options.fCommand, *collection.fStore);
    log.TellWarnings(collection.fWarnings, wrongCommand);
-   AddExpectedClasses(options, *collection.fStore);
-   return NZANQSX20::OpenNamespace(collection.fStore);
+   const std::vector<std::string> added = AddExpectedClasses(options, *collection.fStore);
+   collection.fStore->RecordChanges();
+
+   TRunInput input;
+   input.fFiles = DescribeInputs(collection);
+   input.fNamespace = NZANQSX20::OpenNamespace(collection.fStore);
+   input.fFacts.fIsDeclared =
+      [store = collection.fStore,
+       added = std::set<std::string>(added.begin(), added.end())](const std::string& name) {
+         return added.count(name) == 0 && store->GetSchema().Find(name) != nullptr;
+      };
+   input.fFacts.fGetCorrections = [store = collection.fStore] { return ReadCorrections(*store); };
+   return input;
 }

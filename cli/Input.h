@@ -6,6 +6,8 @@
 #include <boost/shared_ptr.hpp>
 
 #include "ICIMNamespace.h"
+#include "Manifest.h"
+#include "common/CollectionFacts.h"
 #include "readers/CollectionLoader.h"
 
 class TConsole;
@@ -24,9 +26,18 @@ NZANQSX20::TCollection ReadCollections(const TOptions& options,
 std::vector<std::string> AddExpectedClasses(const TOptions& options,
                                             NZANQSX20::TMemoryStore& store);
 
-/// Reads the collections of the command line for a run of the library.
+/// The collections of the command line, ready for a run of the library.
+struct TRunInput
+{
+   boost::shared_ptr<NZANQSX20::ICIMNamespace> fNamespace;
+   /// What the formats can be told of the collection.
+   TCollectionFacts fFacts;
+   std::vector<TInputFile> fFiles;
+};
+
+/// Reads the collections of the command line for a run of the library, which is recorded from then
+/// on.
 ///
 /// Shape: warnings go to the log, and their number to the user, who is also told where the
 ///        collection is one for another command.
-boost::shared_ptr<NZANQSX20::ICIMNamespace> ReadInput(const TOptions& options, TConsole& console,
-                                                      TRunLog& log);
+TRunInput ReadInput(const TOptions& options, TConsole& console, TRunLog& log);

@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "common/CollectionFacts.h"
+
 /// What the caller of a writer of documents knows and the collection doesn't.
 struct TDocumentOptions
 {
@@ -18,4 +20,5 @@ struct TDocumentOptions
    std::vector<std::string> fComparedFiles;
    /// All documents go into one file.
    bool fIsOneFile = false;
+   TCollectionFacts fCollection = {};
 };

@@ -94,6 +94,8 @@ void TReportFlow::EndRun()
    if (!fLoose->IsEmpty())
       fNotice("Left out, because no page was open or opened later: " + fLoose->Describe());
    fIndex.Resolve();
+   if (fIsCollected)
+      fIndex.MarkCollected(fIsCollected);
    fSink.EndRun(fIndex);
 }
 

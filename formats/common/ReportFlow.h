@@ -27,6 +27,11 @@ public:
    TReportFlow(TReportSink& sink, TNotice notice);
    ~TReportFlow();
 
+   using TIsCollected = std::function<bool(const TReportIndex::TEntry&)>;
+
+   /// Missing: without it, every report counts as collected.
+   void SetIsCollected(TIsCollected isCollected) { fIsCollected = std::move(isCollected); }
+
    void BeginRun(const std::string& outputDirectory, const TRunFacts& facts);
    void EndRun();
 
@@ -73,6 +78,7 @@ private:
 
    TReportSink& fSink;
    TNotice fNotice;
+   TIsCollected fIsCollected;
    TReportIndex fIndex;
    std::string fOutputDirectory;
    std::unique_ptr<TLoosePieces> fLoose;

@@ -12,7 +12,7 @@ void TReportIndex::AddEntry(const std::string& linkName, const std::string& disp
    if (!fIsOpen)
       BeginGroup(kGroupOfTheRest);
 
-   TEntry entry{linkName, displayName, hasData, kNoPage};
+   TEntry entry{linkName, displayName, hasData, true, kNoPage};
    entry.fPage = FindUntakenPage(linkName, hasData);
    if (entry.fPage != kNoPage)
       fPages[entry.fPage].fIsTaken = true;
@@ -54,6 +54,13 @@ void TReportIndex::Resolve()
       for (TEntry& entry : group.fEntries)
          if (entry.fHasData && entry.fPage == kNoPage && !entry.fLinkName.empty())
             entry.fPage = FindPage(entry.fLinkName, fPages.size());
+}
+
+void TReportIndex::MarkCollected(const std::function<bool(const TEntry&)>& isCollected)
+{
+   for (TGroup& group : fGroups)
+      for (TEntry& entry : group.fEntries)
+         entry.fIsCollected = isCollected(entry);
 }
 
 std::size_t TReportIndex::FindPage(const std::string& linkName, std::size_t fromPage) const

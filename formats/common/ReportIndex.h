@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,8 @@ public:
       std::string fLinkName;
       std::string fDisplayName;
       bool fHasData = false;
+      /// Whether somebody looked at what the report is about.
+      bool fIsCollected = true;
       /// Number of the page, kNoPage where there is none.
       std::size_t fPage = kNoPage;
 
@@ -51,6 +54,9 @@ public:
    void Resolve();
 
    const std::vector<TGroup>& GetGroups() const { return fGroups; }
+
+   /// Asked of each entry.
+   void MarkCollected(const std::function<bool(const TEntry&)>& isCollected);
 
    /// The page that a link of another page means: the last of that name opened before, else the
    /// first one after it. Missing: kNoPage.

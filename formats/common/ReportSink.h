@@ -5,8 +5,8 @@
 
 #include "common/ReportIndex.h"
 #include "common/RunFacts.h"
+#include "common/RunOutcome.h"
 #include "common/Table.h"
-#include "common/health/Health.h"
 
 struct TTableTitle
 {
@@ -51,8 +51,8 @@ public:
    virtual void BeginPage(const std::string& linkName) = 0;
    virtual void EndPage() = 0;
 
-   /// Ahead of EndRun, where the health of the machine was judged.
-   virtual void TakeHealth(THealth /*health*/) {}
+   /// Ahead of EndRun. Owner: the outcome lives until EndRun came back.
+   virtual void TakeOutcome(const TRunOutcome& /*outcome*/) {}
 
    virtual void EndRun(const TReportIndex& index) = 0;
 

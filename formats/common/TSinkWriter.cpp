@@ -9,6 +9,7 @@
 #include "common/ByteDump.h"
 #include "common/ReadRunFacts.h"
 #include "common/RecordColumns.h"
+#include "common/ReportClasses.h"
 #include "common/SystemLabels.h"
 #include "common/health/SensorLimits.h"
 
@@ -84,8 +85,11 @@ std::string GetSeparatorText(TReportParameters::TReportProperty::ArrayValueSepar
 }
 
 TSinkWriter::TSinkWriter(std::unique_ptr<TReportSink> sink, std::string outputFormat,
-                         std::string baseDirectory, std::vector<std::string> comparedFiles)
-   : fSink(std::move(sink)), fComparedFiles(std::move(comparedFiles))
+                         std::string baseDirectory, std::vector<std::string> comparedFiles,
+                         TCollectionFacts collection)
+   : fSink(std::move(sink)),
+     fComparedFiles(std::move(comparedFiles)),
+     fCollection(std::move(collection))
 {
    fOutputFormat = std::move(outputFormat);
    fBaseDirectory = std::move(baseDirectory);
@@ -108,8 +112,11 @@ void TSinkWriter::Initialize(boost::shared_ptr<ICIMNamespace> cimNamespace, TCon
    if (facts.IsComparison() && fSink->WantsSameItems())
       fSameItems.emplace(fNamespace, fMode, params.count("KMC") != 0);
    fJudge.emplace(*fSink, fGetLabel);
-   fJudge->SetSensorLimits(ReadSensorLimits(fNamespace));
+   const std::vector<TGap> gaps = ReadGaps(fNamespace);
+   fJudge->SetCollection(ReadSensorLimits(fNamespace), gaps, fCollection);
    fFlow.emplace(*fJudge, LogNotice);
+   fFlow->SetIsCollected(
+      MakeIsCollected([this] { return ReadReportClasses(fNamespace); }, fCollection, gaps));
    fFlow->BeginRun(fOutputDirectory, facts);
 }
 

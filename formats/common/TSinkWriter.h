@@ -83,7 +83,8 @@ protected:
    /// comparedFiles: the collections of a comparison, the base first; labels that are equal get the
    /// names of their files.
    TSinkWriter(std::unique_ptr<TReportSink> sink, std::string outputFormat,
-               std::string baseDirectory, std::vector<std::string> comparedFiles = {});
+               std::string baseDirectory, std::vector<std::string> comparedFiles = {},
+               TCollectionFacts collection = {});
    ~TSinkWriter() = default;
 
 private:
@@ -106,6 +107,7 @@ private:
 
    std::unique_ptr<TReportSink> fSink;
    const std::vector<std::string> fComparedFiles;
+   const TCollectionFacts fCollection;
    std::optional<THealthJudge> fJudge;
    std::optional<TReportFlow> fFlow;
    const TLabelLookup fGetLabel = [this](const std::string& className,

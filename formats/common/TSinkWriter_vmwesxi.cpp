@@ -1,9 +1,12 @@
 #include "common/TSinkWriter_vmwesxi.h"
 
 #include "common/ReadRunFacts.h"
+#include "common/ReportClasses.h"
 #include "common/TSinkWriter.h"
 
-TSinkWriter_vmwesxi::TSinkWriter_vmwesxi(std::unique_ptr<TReportSink> sink) : fSink(std::move(sink))
+TSinkWriter_vmwesxi::TSinkWriter_vmwesxi(std::unique_ptr<TReportSink> sink,
+                                         TCollectionFacts collection)
+   : fSink(std::move(sink)), fCollection(std::move(collection))
 {}
 
 void TSinkWriter_vmwesxi::Initialize(boost::shared_ptr<ICIMNamespace> cimNamespace, TContext,
@@ -14,7 +17,11 @@ void TSinkWriter_vmwesxi::Initialize(boost::shared_ptr<ICIMNamespace> cimNamespa
    fJudge.emplace(*fSink, [this](const std::string& className, const std::string& property) {
       return ReadLabel(className, property);
    });
+   const std::vector<TGap> gaps = ReadGaps(fNamespace);
+   fJudge->SetCollection({}, gaps, fCollection);
    fFlow.emplace(*fJudge, LogNotice);
+   fFlow->SetIsCollected(MakeIsCollected([this] { return ReadHypervisorReportClasses(fNamespace); },
+                                         fCollection, gaps));
    fFlow->BeginRun(fOutputDirectory, ReadRunFacts(fNamespace));
 }
 

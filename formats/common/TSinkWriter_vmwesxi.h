@@ -48,13 +48,15 @@ public:
    void WritePrivilegeLogReport(TReportParameters params) override;
 
 protected:
-   explicit TSinkWriter_vmwesxi(std::unique_ptr<TReportSink> sink);
+   explicit TSinkWriter_vmwesxi(std::unique_ptr<TReportSink> sink,
+                                TCollectionFacts collection = {});
    ~TSinkWriter_vmwesxi() = default;
 
 private:
    std::string ReadLabel(const std::string& className, const std::string& property);
 
    std::unique_ptr<TReportSink> fSink;
+   const TCollectionFacts fCollection;
    std::optional<THealthJudge> fJudge;
    std::optional<TReportFlow> fFlow;
 };

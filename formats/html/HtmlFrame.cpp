@@ -186,7 +186,7 @@ void WriteRowCount(THtmlSink& out, const THtmlSite& site, const TReportIndex::TE
    else if (entry.fHasData && entry.fPage == TReportIndex::kNoPage)
       out << "no page"_html;
    else if (!entry.IsLinked() || site.GetRows(entry) == 0)
-      out << "no data"_html;
+      out << (entry.fIsCollected ? "no data"_html : "not collected"_html);
    else
       out << TCount{site.GetRows(entry)};
 }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "common/EventLog.h"
+#include "common/Gaps.h"
 #include "common/ReportIndex.h"
 #include "common/RunFacts.h"
 #include "common/health/Health.h"
@@ -30,6 +31,8 @@ struct THtmlSite
    const THtmlSystems& fSystems;
    /// Missing: null in a comparison.
    const THealth* fHealth = nullptr;
+   /// Missing: null where nobody asked.
+   const std::vector<TGap>* fGaps = nullptr;
    /// Missing: null without a timeline.
    const TEventLog* fEvents = nullptr;
    /// In the order of the side bar, the front page not among them.

@@ -4,6 +4,7 @@
 
 #include "html/HtmlComparison.h"
 #include "html/HtmlHealth.h"
+#include "html/HtmlOwnPage.h"
 #include "html/HtmlPictures.h"
 #include "html/HtmlState.h"
 
@@ -78,7 +79,8 @@ void WriteIndexHead(THtmlSink& out, const THtmlSite& site)
       }
    out << "<div class=\"section-head\" id=\"index\"><h2>Reports</h2><p>"_html << TCount{reports}
        << (reports == 1 ? " report, "_html : " reports, "_html) << TCount{withData}
-       << " with data.</p></div>\n"_html;
+       << " with data. <em>No data</em>: collected, and there was nothing. <em>Not collected</em>: "
+          "nobody looked.</p></div>\n"_html;
 }
 
 void WriteIndex(THtmlSink& out, const THtmlSite& site)
@@ -99,6 +101,32 @@ void WriteIndex(THtmlSink& out, const THtmlSite& site)
    out << "</div>\n"_html;
 }
 
+void WriteGap(THtmlSink& out, const TGap& gap)
+{
+   std::string classes;
+   for (const std::string& name : gap.fClasses)
+      classes += (classes.empty() ? "" : ", ") + name;
+   out << "<tr><th scope=\"row\">"_html << TText{gap.fSubject} << "</th><td class=\"brk\">"_html
+       << TText{gap.fSource} << "</td><td>"_html << TText{gap.fReason} << "</td><td>"_html
+       << TText{gap.fDetail} << "</td><td class=\"brk\">"_html << TText{classes}
+       << "</td></tr>\n"_html;
+}
+
+/// What the collection says it could not have. Missing: nothing where it says nothing.
+void WriteGaps(THtmlSink& out, const THtmlSite& site)
+{
+   if (site.fGaps == nullptr || site.fGaps->empty())
+      return;
+   out << "<div class=\"section-head\" id=\"not-collected\"><h2>Not collected</h2><p>What the "
+          "collection could not have.</p></div>\n"_html;
+   WriteFixedTableBegin(
+      out, "Not collected",
+      {{"Subject", 18}, {"Source", 22}, {"Reason", 12}, {"Detail", 22}, {"Classes", 26}});
+   for (const TGap& gap : *site.fGaps)
+      WriteGap(out, gap);
+   WriteFixedTableEnd(out);
+}
+
 }  // namespace
 
 void WriteFrontPage(THtmlSink& out, const THtmlSite& site)
@@ -114,5 +142,6 @@ void WriteFrontPage(THtmlSink& out, const THtmlSite& site)
       out << "</div>\n"_html;
    }
    WriteIndex(out, site);
+   WriteGaps(out, site);
    WriteFrameEnd(out, site, "");
 }

@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "common/CollectionFacts.h"
+
 /// What the caller of the HTML writer knows and the collection doesn't.
 struct THtmlOptions
 {
@@ -17,4 +19,5 @@ struct THtmlOptions
    std::string fProgram;
    /// In a comparison: the collection's file of each system, the base first. Missing: empty.
    std::vector<std::string> fComparedFiles;
+   TCollectionFacts fCollection = {};
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "html/BundledFiles.h"
+#include "html/HtmlCorrections.h"
 #include "html/HtmlFrontPage.h"
 #include "html/HtmlHealth.h"
 #include "html/HtmlReportPage.h"
@@ -20,7 +21,7 @@ void THtmlReport::BeginRun(const std::string& outputDirectory, const TRunFacts& 
    for (const char* name : {"index", "timeline", "corrections", "rules"})
       fNames.Reserve(name);
    fPages.clear();
-   fHealth.reset();
+   fOutcome = nullptr;
    fCompared.reset();
    fBody.reset();
    fSpool.emplace(TOutputFile::MakeTemporary(outputDirectory));
@@ -63,8 +64,8 @@ void THtmlReport::EndRun(const TReportIndex& index)
       site.fOwnPages.push_back({kTimelineFile, kTimelineTitle, fEvents->GetCount()});
       site.fEvents = &*fEvents;
    }
-   if (fHealth)
-      ShowHealth(site);
+   if (fOutcome != nullptr)
+      ShowOutcome(site);
    for (std::size_t page = 0; page < fPages.size(); ++page)
       WriteReportPage(fOutputDirectory, site, page, places[page], *fSpool);
    fRowFiles->Close();
@@ -73,8 +74,11 @@ void THtmlReport::EndRun(const TReportIndex& index)
    if (hasTimeline)
       WriteOwnPage(kTimelineFile,
                    [&](THtmlSink& out) { WriteTimeline(out, site, places, *fEvents, *fRowFiles); });
-   if (fHealth)
+   if (site.fHealth != nullptr)
       WriteOwnPage(kRulesFile, [&site](THtmlSink& out) { WriteRulesPage(out, site); });
+   if (fOutcome != nullptr && fOutcome->fCorrections)
+      WriteOwnPage(kCorrectionsFile,
+                   [&](THtmlSink& out) { WriteCorrections(out, site, *fOutcome->fCorrections); });
    WriteOwnPage(kFrontPageFile, [&site](THtmlSink& out) { WriteFrontPage(out, site); });
    WriteFile(kStyleSheetFile, GetStyleSheet());
    WriteFile(kScriptFile, GetScript());
@@ -83,11 +87,18 @@ void THtmlReport::EndRun(const TReportIndex& index)
 }
 
 /// Pages tell in the side bar what a finding on them says.
-void THtmlReport::ShowHealth(THtmlSite& site)
+void THtmlReport::ShowOutcome(THtmlSite& site)
 {
-   site.fHealth = &*fHealth;
-   for (std::size_t page = 0; page < fHealth->fPageStates.size(); ++page)
-      fPages[page].fState = fHealth->fPageStates[page];
+   site.fGaps = &fOutcome->fGaps;
+   if (fOutcome->fCorrections)
+      site.fOwnPages.push_back(
+         {kCorrectionsFile, kCorrectionsTitle, fOutcome->fCorrections->size()});
+   if (!fOutcome->fHealth)
+      return;
+   site.fHealth = &*fOutcome->fHealth;
+   const std::vector<EState>& states = site.fHealth->fPageStates;
+   for (std::size_t page = 0; page < states.size(); ++page)
+      fPages[page].fState = states[page];
 }
 
 void THtmlReport::WriteOwnPage(const std::string& name,

@@ -30,7 +30,7 @@ public:
    void BeginPage(const std::string& linkName) override;
    void EndPage() override;
 
-   void TakeHealth(THealth health) override { fHealth = std::move(health); }
+   void TakeOutcome(const TRunOutcome& outcome) override { fOutcome = &outcome; }
 
    void EndRun(const TReportIndex& index) override;
 
@@ -45,7 +45,7 @@ public:
    void EndTable() override;
 
 private:
-   void ShowHealth(THtmlSite& site);
+   void ShowOutcome(THtmlSite& site);
    void WriteOwnPage(const std::string& name,
                      const std::function<void(THtmlSink& out)>& write) const;
    void BeginLog(const TLogColumns& columns);
@@ -61,8 +61,8 @@ private:
    std::optional<TRowFiles> fRowFiles;
    std::vector<THtmlPage> fPages;
    std::unique_ptr<THtmlBody> fBody;
-   /// Missing: nothing in a comparison, and where nobody judged.
-   std::optional<THealth> fHealth;
+   /// Missing: null where nobody judged.
+   const TRunOutcome* fOutcome = nullptr;
    /// Missing: empty unless it is a comparison.
    std::unique_ptr<TComparedPage> fCompared;
    /// Of the whole run. Missing: none in a comparison.

@@ -3,11 +3,15 @@
 #include "common/health/HealthRules.h"
 #include "common/health/Quantities.h"
 #include "html/HtmlHealth.h"
+#include "html/HtmlOwnPage.h"
 #include "html/HtmlState.h"
 
 namespace {
 
 constexpr const char* kTitle = "Rules of health";
+constexpr const char* kSentence =
+   "The verdicts of the front page come from these rules and from nothing else. Words count alike "
+   "in either case; a word that no rule knows is unknown, and an empty value is not judged.";
 
 std::string JoinWords(const TStateWords& words, EState state)
 {
@@ -75,26 +79,33 @@ void WriteRule(THtmlSink& out, const THealthRule& rule)
        << "</td></tr>\n"_html;
 }
 
+/// Logs are judged by what they tell of severity, and by what kernels say.
+void WriteKernelRule(THtmlSink& out)
+{
+   std::string parts;
+   for (const TKernelMessage& message : GetKernelMessages())
+      if (message.fExcept.empty())
+         parts += (parts.empty() ? "" : ", ") + std::string(message.fPart);
+   out
+      << "<tr><th scope=\"row\">"_html << TText{GetSubsystemName(ESubsystem::kLogs)}
+      << "</th><td>the records of each log</td><td>Attention where a record of the 24 hours before "
+         "the collection is an error by its severity or, where the log tells none, a message of "
+         "the kernel with one of "_html
+      << TText{parts} << ". Merged logs and the collector's own are not judged.</td></tr>\n"_html;
+}
+
 }  // namespace
 
 void WriteRulesPage(THtmlSink& out, const THtmlSite& site)
 {
-   WriteFrameBegin(out, site, kTitle, kRulesFile);
-   out
-      << "<header class=\"page-head\">\n<p class=\"crumbs\"><a href=\""_html
-      << TFileUrl{kFrontPageFile} << "\"><bdi>"_html << TText{site.fFacts.GetName()}
-      << "</bdi></a></p>\n<div class=\"page-title\"><h1>"_html << TText{kTitle}
-      << "</h1></div>\n<p class=\"page-meta\">The verdicts of the front page come from these rules "
-         "and from nothing else. Words count alike in either case; a word that no rule knows is "
-         "unknown, and an empty value is not judged.</p>\n</header>\n<div class=\"sheet\">\n"
-         "<section class=\"block\" id=\"t1\">\n<div class=\"scroll\" role=\"group\" tabindex=\"0\" "
-         "aria-label=\"Rules\">\n<table class=\"grid cols\">\n<caption "
-         "class=\"vh\">Rules</caption>\n<colgroup><col class=\"w-15\"><col class=\"w-25\"><col "
-         "class=\"w-60\"></colgroup>\n<thead>\n<tr><th scope=\"col\">Subsystem</th><th "
-         "scope=\"col\">Value</th><th scope=\"col\">Verdict</th></tr>\n</thead>\n<tbody>\n"_html;
+   WriteOwnPageBegin(out, site, kTitle, kRulesFile, kSentence);
+   out << "<section class=\"block\" id=\"t1\">\n"_html;
+   WriteFixedTableBegin(out, "Rules", {{"Subsystem", 15}, {"Value", 25}, {"Verdict", 60}});
    for (const THealthRule& rule : GetHealthRules())
       if (rule.fSubsystem != ESubsystem::kNone && rule.fJudgement != EJudgement::kName)
          WriteRule(out, rule);
-   out << "</tbody>\n</table>\n</div>\n</section>\n</div>\n"_html;
-   WriteFrameEnd(out, site, kTitle);
+   WriteKernelRule(out);
+   WriteFixedTableEnd(out);
+   out << "</section>\n"_html;
+   WriteOwnPageEnd(out, site, kTitle);
 }

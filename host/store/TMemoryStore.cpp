@@ -124,6 +124,8 @@ void TMemoryStore::List(TStoredInstance& instance)
       return;
    instance.fIsListed = true;
    ++fCount;
+   if (fIsRecording)
+      fChanges.push_back({TChange::kListed, &instance, 0, {}});
    if (instance.fWasListed) {
       fIndex->Clear();
       return;
@@ -141,6 +143,8 @@ void TMemoryStore::Delete(TStoredInstance& instance)
       return;
    instance.fIsListed = false;
    --fCount;
+   if (fIsRecording)
+      fChanges.push_back({TChange::kDeleted, &instance, 0, {}});
    fIndex->OnDeleted(instance);
 }
 
@@ -148,6 +152,11 @@ void TMemoryStore::Set(TStoredInstance& instance, TSlot slot, const TStoredValue
 {
    const TShape& shape = *instance.fShape;
    const std::uint32_t position = shape.Find(slot);
+   if (fIsRecording && instance.fIsListed) {
+      const bool had = position < shape.fCount;
+      fChanges.push_back(
+         {TChange::kSet, &instance, slot, had ? instance.fValues[position] : TStoredValue()});
+   }
    if (position == shape.fCount) {
       std::vector<TSlot> slots(shape.fSlots, shape.fSlots + shape.fCount);
       slots.push_back(slot);

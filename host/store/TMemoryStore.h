@@ -113,6 +113,31 @@ public:
    /// instance in order of declaration. Instances that are not listed are left out.
    std::vector<TReferrer> FindReferrers(const TStoredInstance& target);
 
+   // What a run changes.
+
+   /// One change, in the order of changes.
+   struct TChange
+   {
+      enum EKind : unsigned char
+      {
+         kSet,
+         kListed,
+         kDeleted
+      };
+
+      EKind fKind = kSet;
+      TStoredInstance* fInstance = nullptr;
+      /// Of the value that was set.
+      TSlot fSlot = 0;
+      /// The value that it had. Missing: null, also where the instance had none.
+      TStoredValue fBefore;
+   };
+
+   /// Keeps all further changes, but not the values of instances that are not listed yet.
+   void RecordChanges() { fIsRecording = true; }
+
+   const std::vector<TChange>& GetChanges() const { return fChanges; }
+
    /// Another number after each change of a value.
    std::uint64_t GetValueVersion() const { return fValueVersion; }
 
@@ -127,6 +152,8 @@ private:
    std::size_t fCount = 0;
    std::uint64_t fNextOrder = 0;
    std::uint64_t fValueVersion = 0;
+   bool fIsRecording = false;
+   std::vector<TChange> fChanges;
 };
 
 /// A namespace over one collection, a plain repository of provider type 0.

@@ -152,12 +152,22 @@ struct THealthPictures
    std::vector<TDrive> fDrives;
 };
 
+struct TFirmwareLevel
+{
+   std::string fName;
+   std::string fVersion;
+};
+
 struct THealth
 {
+   static constexpr std::size_t kMostFirmware = 200;
+
    std::array<TSubsystemHealth, kSubsystems> fSubsystems;
    /// By number of the page: the most urgent state that a finding on it tells.
    std::vector<EState> fPageStates;
    THealthPictures fPictures;
+   /// In the order of the reports.
+   std::vector<TFirmwareLevel> fFirmware;
 
    TSubsystemHealth& Get(ESubsystem subsystem)
    {

@@ -1,5 +1,7 @@
 #include "common/health/HealthJudge.h"
 
+#include "common/health/CollectionFindings.h"
+
 namespace {
 
 /// Rows with their marks. Owner: both are the caller's and outlive this view.
@@ -35,6 +37,7 @@ private:
 void THealthJudge::BeginRun(const std::string& outputDirectory, const TRunFacts& facts)
 {
    fPages = 0;
+   fFacts = facts;
    fTables.reset();
    fLogs.reset();
    fLedger.reset();
@@ -65,10 +68,21 @@ void THealthJudge::EndPage()
 
 void THealthJudge::EndRun(const TReportIndex& index)
 {
+   TRunOutcome outcome;
+   outcome.fFacts = fFacts;
+   outcome.fGaps = fGaps;
+   if (fCollection.fGetCorrections)
+      outcome.fCorrections = fCollection.fGetCorrections();
    if (fLedger) {
       fLogs->Finish();
-      fSink.TakeHealth(fLedger->Finish());
+      if (outcome.fCorrections)
+         TellCorrections(*fLedger, *outcome.fCorrections);
+      TellGaps(*fLedger, index, fGaps);
+      outcome.fHealth = fLedger->Finish();
    }
+   if (fCollection.fOnOutcome)
+      fCollection.fOnOutcome(outcome);
+   fSink.TakeOutcome(outcome);
    fSink.EndRun(index);
 }
 

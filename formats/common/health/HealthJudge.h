@@ -18,8 +18,14 @@ public:
       : fSink(sink), fGetLabel(std::move(getLabel))
    {}
 
-   /// Ahead of BeginRun. Missing: without it, no reading of a sensor is judged.
-   void SetSensorLimits(TSensorLimitsByName limits) { fLimits = std::move(limits); }
+   /// Ahead of BeginRun. Missing: without it, no reading of a sensor is judged, and nothing is told
+   /// of gaps and corrections.
+   void SetCollection(TSensorLimitsByName limits, std::vector<TGap> gaps, TCollectionFacts facts)
+   {
+      fLimits = std::move(limits);
+      fGaps = std::move(gaps);
+      fCollection = std::move(facts);
+   }
 
    void BeginRun(const std::string& outputDirectory, const TRunFacts& facts) override;
    void BeginPage(const std::string& linkName) override;
@@ -38,6 +44,9 @@ private:
    TReportSink& fSink;
    const TLabelLookup fGetLabel;
    TSensorLimitsByName fLimits;
+   std::vector<TGap> fGaps;
+   TCollectionFacts fCollection;
+   TRunFacts fFacts;
 
    /// Missing: null in a comparison.
    std::unique_ptr<THealthLedger> fLedger;

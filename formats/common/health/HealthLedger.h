@@ -25,6 +25,12 @@ public:
    /// What is told of a subsystem where nothing else is.
    void SetRest(ESubsystem subsystem, TFinding finding) { fRest[subsystem] = std::move(finding); }
 
+   void AddFirmware(TFirmwareLevel level)
+   {
+      if (fHealth.fFirmware.size() < THealth::kMostFirmware)
+         fHealth.fFirmware.push_back(std::move(level));
+   }
+
    THealthPictures& GetPictures() { return fHealth.fPictures; }
 
    /// What was looked at becomes words. The ledger is used up.

@@ -334,6 +334,8 @@ void TTableJudge::JudgeErrorShare(const TValue& value, TMarks& marks)
 
 void TTableJudge::JudgePresence(const TValue& value, TMarks& marks)
 {
+   if (!value.fCell.fText.empty())
+      fLedger.AddFirmware({MakeThing(value), std::string(value.fCell.fText)});
    Tell(
       value, value.fCell.fText.empty() ? EState::kUnknown : EState::kOk,
       [&value, this] {

@@ -6,12 +6,13 @@
 
 namespace {
 
-std::uint64_t CountUncollected(const TReportIndex& index)
+/// A gap may have left a report with some of its data; that one counts as collected.
+std::uint64_t CountUncollected(const TReportIndex& index, bool hasGaps)
 {
    std::uint64_t count = 0;
    for (const TReportIndex::TGroup& group : index.GetGroups())
       for (const TReportIndex::TEntry& entry : group.fEntries)
-         count += !entry.fIsCollected;
+         count += !entry.fIsCollected && (!entry.fHasData || !hasGaps);
    return count;
 }
 
@@ -42,17 +43,17 @@ void TellGaps(THealthLedger& ledger, const TReportIndex& index, const std::vecto
       finding.fOwnPlace = EOwnPlace::kNotCollected;
       ledger.AddFinding(ESubsystem::kNotCollected, std::move(finding));
    }
-   const std::uint64_t reports = CountUncollected(index);
+   const std::uint64_t reports = CountUncollected(index, !gaps.empty());
    TFinding finding;
    finding.fOwnPlace = EOwnPlace::kIndex;
    finding.fSource = "see the reports";
    if (reports == 0) {
       finding.fState = EState::kOk;
-      finding.fText = "Every report has a class in this collection.";
+      finding.fText = "The collection has what every report is about.";
       return ledger.SetRest(ESubsystem::kNotCollected, std::move(finding));
    }
    finding.fState = EState::kUnknown;
-   finding.fText = fmt::format("{} {} no class in this collection.",
-                               MakeCountText(reports, "report"), reports == 1 ? "has" : "have");
+   finding.fText = fmt::format("{} {} not collected.", MakeCountText(reports, "report"),
+                               reports == 1 ? "was" : "were");
    ledger.AddFinding(ESubsystem::kNotCollected, std::move(finding));
 }

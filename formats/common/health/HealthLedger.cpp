@@ -189,5 +189,5 @@ std::string THealthLedger::DescribeUnjudged(ESubsystem subsystem) const
       return kNothingToJudge;
    return MakeCountText(unjudged->second, "reading") + (unjudged->second == 1
                                                            ? ", without limits to judge it by."
-                                                           : ", none with limits to judge it by.");
+                                                           : ", none with limits to judge them by.");
 }

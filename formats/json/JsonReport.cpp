@@ -72,9 +72,9 @@ void TJsonReport::BreakLine()
       fDocument->BreakLine();
 }
 
-void TJsonReport::TakeHealth(THealth health)
+void TJsonReport::TakeOutcome(const TRunOutcome& outcome)
 {
-   fHealth = std::move(health);
+   fHealth = outcome.fHealth;
 }
 
 void TJsonReport::EndRun(const TReportIndex& index)

@@ -47,9 +47,9 @@ void TTextReport::EndPage()
    fFile.reset();
 }
 
-void TTextReport::TakeHealth(THealth health)
+void TTextReport::TakeOutcome(const TRunOutcome& outcome)
 {
-   fHealth = std::move(health);
+   fHealth = outcome.fHealth;
 }
 
 void TTextReport::EndRun(const TReportIndex& index)

@@ -22,7 +22,7 @@ public:
    void BeginRun(const std::string& outputDirectory, const TRunFacts& facts) override;
    void BeginPage(const std::string& linkName) override;
    void EndPage() override;
-   void TakeHealth(THealth health) override;
+   void TakeOutcome(const TRunOutcome& outcome) override;
    void EndRun(const TReportIndex& index) override;
 
    void WriteReportTitle(const std::string& title, const std::string& linkText,

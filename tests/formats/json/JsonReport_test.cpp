@@ -69,7 +69,9 @@ TEST(JsonReport, TheIndexLeadsToThePagesAndTellsWhichHaveNoData)
    disks.fState = EState::kFailed;
    disks.fFailed = 1;
    disks.fFindings = {{EState::kFailed, "Drive 2 has failed.", "State = Defunct", {0, 1, 2, 3}}};
-   run.GetReport().TakeHealth(health);
+   TRunOutcome outcome;
+   outcome.fHealth = health;
+   run.GetReport().TakeOutcome(outcome);
    const std::string index = run.EndRun("index.json");
    EXPECT_EQ("", FindSchemaError(index));
    for (

@@ -90,7 +90,9 @@ TEST(TextReport, HoldsNoControlBytesAndTheFrontTellsWhatIsWrong)
    TSubsystemHealth& disks = health.Get(ESubsystem::kDisks);
    disks.fState = EState::kFailed;
    disks.fFindings = {{EState::kFailed, "Drive 2 has failed.", "State = Defunct", {}}};
-   run.GetReport().TakeHealth(health);
+   TRunOutcome outcome;
+   outcome.fHealth = health;
+   run.GetReport().TakeOutcome(outcome);
    const std::string text = run.EndRun("all");
    for (const char byte : text)
       EXPECT_TRUE(static_cast<unsigned char>(byte) >= 0x20 || byte == '\n');

@@ -16,8 +16,8 @@ class Report : public TToolTest
 
 /// A machine with trouble, a gap, a correction and reports of every kind of emptiness.
 constexpr const char* kMachine = R"(
-   class ZANSG_OperatingSystem { [Key] string Name; uint16 OSType; };
-   instance of ZANSG_OperatingSystem { Name = "Linux"; OSType = 36; };
+   class ZANSG_OperatingSystem { [Key] string Name; string ProductVendor; uint16 OSType; };
+   instance of ZANSG_OperatingSystem { Name = "Linux"; ProductVendor = "ZAN"; OSType = 36; };
    class ZANSG_ComputerSystem { [Key] string Name; string ProductName; };
    instance of ZANSG_ComputerSystem { Name = "zander"; ProductName = "Server R1 -"; };
    class ZANSG_LogicalDisk { [Key] string DeviceID; string FileSystemName;

@@ -150,6 +150,9 @@ def is_payload(harmless, hostile):
     """The same text with payloads where the words stand, character by character."""
     # The size of a file beside the pages: other bytes.
     harmless, hostile = (re.sub(r", [\d,.]+ (bytes|KB|MB)\.", "", each) for each in (harmless, hostile))
+    # The path of a repaired instance: quoted as paths are.
+    if re.match(r"\w+\.\w+=\"", harmless):
+        hostile = unquote(hostile)
     if len(harmless) != len(hostile):
         return False
     return all(a == b or a == "x" for a, b in zip(harmless, hostile))

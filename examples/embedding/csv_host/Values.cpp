@@ -116,6 +116,11 @@ TCIMValue::operator unsigned int() const
    return static_cast<unsigned int>(GetInteger());
 }
 
+TCIMValue::operator std::int64_t() const
+{
+   return static_cast<std::int64_t>(GetInteger());
+}
+
 TCIMValue::operator std::string() const
 {
    return ToString(10);

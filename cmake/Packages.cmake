@@ -41,7 +41,7 @@ embed the report library in a program with a writer or a store of its own.")
 set(CPACK_DEBIAN_TOOL_PACKAGE_NAME qsxreport)
 set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION admin)
 # What collect asks where it is there.
-set(CPACK_DEBIAN_TOOL_PACKAGE_RECOMMENDS "dmidecode, iproute2, pciutils, smartmontools, util-linux")
+set(CPACK_DEBIAN_TOOL_PACKAGE_RECOMMENDS "dmidecode, iproute2, pciutils, smartmontools")
 set(CPACK_COMPONENT_TOOL_DESCRIPTION
 "reports from collected CIM data of servers
 Turns the collected state of a server into pages: software, network, hardware,

@@ -38,7 +38,7 @@ void TellGaps(THealthLedger& ledger, const TReportIndex& index, const std::vecto
    for (const TGap& gap : gaps) {
       TFinding finding;
       finding.fState = EState::kUnknown;
-      finding.fText = fmt::format("{}: {} was {}.", gap.fSubject, gap.fSource, gap.fReason);
+      finding.fText = fmt::format("{}: {} ({}).", gap.fSubject, gap.fReason, gap.fSource);
       finding.fSource = gap.fDetail.empty() ? "Not collected" : "Not collected: " + gap.fDetail;
       finding.fOwnPlace = EOwnPlace::kNotCollected;
       ledger.AddFinding(ESubsystem::kNotCollected, std::move(finding));

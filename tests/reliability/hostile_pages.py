@@ -164,9 +164,10 @@ def pair_files(harmless, hostile):
               parse((folder / "index.html").read_text(encoding="utf-8")) if "href" in attributes]
              for folder in (harmless, hostile)]
     pairs = dict(zip(*links))
-    for file in harmless.rglob("*.js*"):
+    for file in harmless.rglob("*.*"):
         name = str(file.relative_to(harmless))
-        pairs.setdefault(name, name)
+        if (hostile / name).is_file():
+            pairs.setdefault(name, name)
     return sorted(pairs.items())
 
 

@@ -104,3 +104,17 @@ void TInterruptCleanup::Watch()
    while (true)
       pause();
 }
+
+TInterruptsHeld::TInterruptsHeld()
+{
+   sigset_t signals;
+   sigemptyset(&signals);
+   for (const int number : kSignals)
+      sigaddset(&signals, number);
+   pthread_sigmask(SIG_BLOCK, &signals, &fFormer);
+}
+
+TInterruptsHeld::~TInterruptsHeld()
+{
+   pthread_sigmask(SIG_SETMASK, &fFormer, nullptr);
+}

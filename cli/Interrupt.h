@@ -1,5 +1,6 @@
 #pragma once
 
+#include <csignal>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -29,4 +30,17 @@ private:
    std::string fFolder;
    std::mutex fMutex;
    std::thread fThread;
+};
+
+/// Holds back the signals that end a run; they come when it goes out of scope.
+class TInterruptsHeld
+{
+public:
+   TInterruptsHeld();
+   ~TInterruptsHeld();
+   TInterruptsHeld(const TInterruptsHeld&) = delete;
+   TInterruptsHeld& operator=(const TInterruptsHeld&) = delete;
+
+private:
+   sigset_t fFormer;
 };

@@ -136,6 +136,8 @@ void TOutputFolder::Stage()
    MakeParents(place.parent_path());
    std::string staging =
       (place.parent_path() / ("." + place.filename().string() + ".qsxreport-XXXXXX")).string();
+   // An interrupt between the two would leave the folder behind.
+   const TInterruptsHeld held;
    // The mode is 0700.
    if (mkdtemp(staging.data()) == nullptr)
       Fail("can't be made", errno);

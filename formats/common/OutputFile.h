@@ -39,7 +39,9 @@ public:
    {
       if (bytes.size() > kBufferSize - fUsed)
          return WriteThrough(bytes);
-      std::memcpy(fBuffer.get() + fUsed, bytes.data(), bytes.size());
+      // An empty view may have no address, which memcpy must not be given.
+      if (!bytes.empty())
+         std::memcpy(fBuffer.get() + fUsed, bytes.data(), bytes.size());
       fUsed += bytes.size();
    }
 

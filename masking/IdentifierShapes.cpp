@@ -184,6 +184,9 @@ private:
       while (end < fText.size() && end - at <= INET_ADDRSTRLEN &&
              (IsDigit(fText[end]) || fText[end] == '.'))
          ++end;
+      // "a.b": what was counted are hexadecimal digits.
+      if (end == at)
+         return 0;
       // The end of a sentence.
       if (fText[end - 1] == '.')
          --end;

@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 #include "CommandFailure.h"
 #include "Console.h"
@@ -40,10 +41,11 @@ std::vector<std::string> ReadTerms(const TMaskOptions& options)
          terms.push_back(term);
       start = end + 1;
    }
+   constexpr std::size_t kShortestTerm = 2;
    for (const std::string& term : terms)
-      if (term.size() < NZANQSX20::TLiteralSearch::kShortest)
+      if (term.size() < kShortestTerm)
          throw TCommandFailure(
-            kExitUsage, fmt::format("the term '{}' is too short; three characters at least", term));
+            kExitUsage, fmt::format("the term '{}' is too short; two characters at least", term));
    return terms;
 }
 
@@ -86,6 +88,11 @@ void TMaskedOutput::Write(NZANQSX20::TMemoryStore& store, TConsole& console)
    fOutput.Publish(console);
    console.Note(fmt::format("replaced {} identifiers in {} texts; none is left",
                             mask.GetEntries().size(), texts));
+   const std::vector<std::string> shortNames = mask.GetShortNames();
+   if (!shortNames.empty())
+      console.Warning(
+         fmt::format("too short to be replaced in free text, too, unless --term names it: {}",
+                     fmt::join(shortNames, ", ")));
 }
 
 NZANQSX20::TMaskKey TMaskedOutput::MakeKey(const NZANQSX20::TMemoryStore& store,
@@ -116,9 +123,9 @@ void TMaskedOutput::Check(const NZANQSX20::TMask& mask) const
    const NZANQSX20::TCollection written = NZANQSX20::LoadCollection({fOutput.GetWorkPath()});
    const std::string left = mask.FindLeft(*written.fStore);
    if (!left.empty())
-      throw TCommandFailure(
-         kExitRun,
-         fmt::format("{}: an original is left in {}; no file was written", fOutput.GetTarget(), left));
+      throw TCommandFailure(kExitRun,
+                            fmt::format("{}: an original is left in {}; no file was written",
+                                        fOutput.GetTarget(), left));
 }
 
 void TMaskedOutput::WriteMap(const NZANQSX20::TMask& mask)

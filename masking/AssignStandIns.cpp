@@ -15,6 +15,8 @@ namespace NZANQSX20 {
 namespace {
 
 constexpr unsigned kMostAttempts = 2000;
+/// So few are as short as a name of a letter or two; from there on they are twice as long.
+constexpr unsigned kMostOfOneShape = 1000;
 /// All addresses are worked out anew for each.
 constexpr unsigned kMostIPv4Attempts = 50;
 
@@ -93,8 +95,10 @@ void TMask::AssignLiterals()
    for (auto& [original, literal] : fLiterals) {
       const std::string lower = Lower(original);
       const bool hasCases = IsOfNames(literal.fKind) || literal.fKind == EMaskKind::kTerm;
-      const std::string& base = hasCases ? lower : original;
+      std::string base = hasCases ? lower : original;
       for (unsigned attempt = 0; attempt < kMostAttempts && literal.fStandIn.empty(); ++attempt) {
+         if (attempt == kMostOfOneShape)
+            base += base;
          std::string made = literal.fKind == EMaskKind::kDomain
                                ? fStandIns.MakeDomain(base, attempt)
                                : fStandIns.MakeText(base, attempt);

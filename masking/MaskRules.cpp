@@ -61,6 +61,7 @@ constexpr TMaskRule kRules[] = {
    {"*",                  "ComputerName",         EMaskKind::kHost},
    {"*",                  "*MachineName*",        EMaskKind::kHost},
    {"*",                  "NodeName",             EMaskKind::kHost},
+   {"*",                  "SourceNode",           EMaskKind::kHost},
    {"*",                  "LogonServer",          EMaskKind::kHost},
    {"*",                  "*DomainName*",         EMaskKind::kDomain},
    {"*",                  "Domain",               EMaskKind::kDomain},

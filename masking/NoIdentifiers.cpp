@@ -73,7 +73,7 @@ bool IdentifiesNobody(EMaskKind kind, std::string_view value)
    for (const char byte : value)
       lower += byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
    const bool isOneByteOver =
-      lower.empty() || lower.find_first_not_of(lower[0]) == std::string::npos;
+      lower.size() != 1 && lower.find_first_not_of(lower.substr(0, 1)) == std::string::npos;
    if (isOneByteOver || GetPlaceholders().count(lower) > 0)
       return true;
    switch (kind) {

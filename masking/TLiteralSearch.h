@@ -23,10 +23,10 @@ enum class EWhere
 class TLiteralSearch
 {
 public:
-   /// Units: bytes; shorter texts cannot be searched for.
-   static constexpr std::size_t kShortest = 3;
+   /// Units: bytes; shorter texts are found as whole words only, whatever is asked for.
+   static constexpr std::size_t kPrefix = 3;
 
-   /// The text, of kShortest bytes at least, stays the caller's. number is what Match gives back.
+   /// The text, of a byte at least, stays the caller's. number is what Match gives back.
    void Add(std::string_view text, EWhere where, std::uint32_t number);
 
    struct TFound
@@ -39,12 +39,13 @@ public:
    /// The longest of the texts that stands at that place.
    TFound Match(std::string_view text, std::size_t at, bool isIdentifying) const
    {
-      if (at + kShortest > text.size())
-         return {};
-      const std::uint32_t prefix = GetPrefix(text.data() + at);
-      return (fMayBegin[prefix % kBits / 64] >> prefix % 64 & 1) == 0
-                ? TFound()
-                : MatchPrefix(text, at, prefix, isIdentifying);
+      TFound found;
+      if (at + kPrefix <= text.size()) {
+         const std::uint32_t prefix = GetPrefix(text.data() + at);
+         if ((fMayBegin[prefix % kBits / 64] >> prefix % 64 & 1) != 0)
+            found = MatchPrefix(text, at, prefix, isIdentifying);
+      }
+      return found.fSize > 0 || fShort.empty() ? found : MatchShort(text, at, isIdentifying);
    }
 
 private:
@@ -66,8 +67,12 @@ private:
 
    TFound MatchPrefix(std::string_view text, std::size_t at, std::uint32_t prefix,
                       bool isIdentifying) const;
+   TFound MatchShort(std::string_view text, std::size_t at, bool isIdentifying) const;
 
-   std::unordered_map<std::string_view, TLiteral> fLiterals;
+   using TLiterals = std::unordered_map<std::string_view, TLiteral>;
+   TLiterals fLiterals;
+   /// Those of fewer than kPrefix bytes.
+   TLiterals fShort;
    /// The lengths of those that begin so, the longest first.
    std::unordered_map<std::uint32_t, std::vector<std::size_t>> fLengths;
    std::vector<std::uint64_t> fMayBegin = std::vector<std::uint64_t>(kBits / 64);

@@ -45,7 +45,8 @@ EWhere FindWhere(EMaskKind kind, std::string_view text)
       return EWhere::kIdentifyingOnly;
    if (!hasLetter)
       return text.size() < kLongNumber ? EWhere::kIdentifyingOnly : EWhere::kWholeWords;
-   if (text.size() <= kShortName && !(kind == EMaskKind::kHost && hasDigit))
+   const bool isHostNumber = kind == EMaskKind::kHost && hasDigit && text.size() == kShortName;
+   if (text.size() <= kShortName && !isHostNumber)
       return EWhere::kIdentifyingOnly;
    return isOdd && !IsOfNames(kind) && kind != EMaskKind::kContact ? EWhere::kAnywhere
                                                                    : EWhere::kWholeWords;
@@ -168,11 +169,11 @@ void TMask::LearnHost(std::string_view name)
 
 void TMask::LearnLiteral(EMaskKind kind, std::string_view text)
 {
-   constexpr std::size_t kShortestNumber = 4;
-   const bool isShortNumber =
-      text.size() < kShortestNumber && std::all_of(text.begin(), text.end(), IsDigit);
+   constexpr std::size_t kShortestWithoutLetter = 4;
+   const bool isShort =
+      text.size() < kShortestWithoutLetter && std::none_of(text.begin(), text.end(), IsLetter);
    const bool isNobody = kind != EMaskKind::kTerm && IdentifiesNobody(kind, text);
-   if (text.size() < TLiteralSearch::kShortest || isShortNumber || isNobody)
+   if (isShort || isNobody)
       return;
    const EWhere where = FindWhere(kind, text);
    const auto [known, isNew] = fLiterals.emplace(text, TLiteral{kind, where, ""});
@@ -283,6 +284,16 @@ std::vector<TMask::TEntry> TMask::GetEntries() const
    std::stable_sort(entries.begin(), entries.end(),
                     [](const TEntry& a, const TEntry& b) { return a.fKind < b.fKind; });
    return entries;
+}
+
+std::vector<std::string> TMask::GetShortNames() const
+{
+   std::vector<std::string> names;
+   for (const auto& [original, literal] : fLiterals)
+      if (IsOfNames(literal.fKind) && literal.fWhere == EWhere::kIdentifyingOnly &&
+          original == Lower(original))
+         names.push_back(original);
+   return names;
 }
 
 }  // namespace NZANQSX20

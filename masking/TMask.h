@@ -48,6 +48,10 @@ public:
    /// The map, in order of kinds and originals.
    std::vector<TEntry> GetEntries() const;
 
+   /// Names of hosts, domains and users, in lower case, that are replaced only in properties that
+   /// identify, as they are too short to mean the same in free text.
+   std::vector<std::string> GetShortNames() const;
+
 private:
    struct TLiteral
    {

@@ -56,7 +56,7 @@ TEST_F(TMaskTest, SaysWhatItCannotDo)
    const TCase cases[] = {
       {"mask a.mof -o -", 2, "a masked collection needs a file"},
       {"collect -o b.mof --term Zander", 2, "--term, --terms, --key and --map need --mask"},
-      {"mask a.mof -o b.mof --term ab", 2, "the term 'ab' is too short"},
+      {"mask a.mof -o b.mof --term a", 2, "the term 'a' is too short"},
       {"mask a.mof -o b.mof --terms none", 3, "none: can't be read: No such file"},
       {"mask a.mof -o b.mof --key key", 3, "key: holds 5 bytes; a key needs 16 at least"},
       {"mask a.mof -o b.mof --map key", 4, "key: the file exists; --force replaces it"},

@@ -159,6 +159,38 @@ TEST(TMask, TermsAreReplacedWhateverTheirCase)
    EXPECT_THAT(masked.fText, HasSubstr(" and " + term + "; Zanderer"));
 }
 
+TEST(TMask, ShortNamesAreReplacedWhereAPropertyIdentifiesAndAsTermsEverywhere)
+{
+   const std::string instances = R"(
+      instance of T_ComputerSystem { Name = "vm"; };
+      instance of T_Port { DeviceID = "e"; };
+      instance of T_On { System = "T_ComputerSystem.Name=\"vm\""; Port = "T_Port.DeviceID=\"e\""; };
+      instance of T_Account { Name = "VM\\jd"; };
+      instance of T_Record { Number = 1; User = "jd@vm"; Message = "vm kernel: up, kvm, vmx, jd"; };)";
+   const TMasked masked = MaskText(instances);
+   const std::string host = masked.FindStandIn("vm");
+   const std::string user = masked.FindStandIn("jd");
+   EXPECT_THAT(host, MatchesRegex("[a-z][a-z]"));
+   EXPECT_THAT(masked.fText, HasSubstr("Name 13 {" + host + "}"));
+   EXPECT_THAT(masked.fText, HasSubstr("Name=\"" + host + "\""));
+   EXPECT_THAT(masked.fText, HasSubstr(user + "@" + host));
+   EXPECT_THAT(masked.fText, HasSubstr("vm kernel: up, kvm, vmx, jd"));
+
+   const TMasked named = MaskText(instances, {"vm", "jd"});
+   EXPECT_THAT(named.fText, HasSubstr(named.FindStandIn("vm") + " kernel: up, kvm, vmx, " +
+                                      named.FindStandIn("jd") + "}"));
+}
+
+TEST(TMask, MoreShortNamesThanThereAreOfTheirLengthGetLongerStandIns)
+{
+   std::string accounts;
+   for (char name = 'a'; name <= 'z'; ++name)
+      accounts += std::string("instance of T_Account { Name = \"") + name + "\"; };";
+   const TMasked masked = MaskText(accounts);
+   for (char name = 'a'; name <= 'z'; ++name)
+      EXPECT_THAT(masked.FindStandIn(std::string(1, name)), MatchesRegex("[a-z][a-z]"));
+}
+
 TEST(TMask, BytesThatSpellAnOriginalAreReplacedToo)
 {
    const TMasked masked = MaskText(R"(

@@ -11,8 +11,9 @@ namespace NZANQSX20 {
 
 namespace {
 
-const TNeed kNames = {"Names of PCI devices",
-                      {"ZANSG_PCIDevice", "ZANSG_PCIBridge", "ZANSG_LogicalDevice"}};
+const TNeed kNames = {
+   "Names of PCI devices",
+   {"ZANSG_PCIDevice", "ZANSG_PCIBridge", "ZANSG_LogicalDevice", "ZANSG_VideoController"}};
 
 /// What the tool prints for a number that it has no name for says nothing. "Device 0d57"
 std::string TakeName(std::string_view text, std::string_view placeholder)

@@ -1,7 +1,6 @@
-#include <map>
-
 #include "TCollected.h"
 #include "machine/TMachine.h"
+#include "subjects/PCINames.h"
 #include "subjects/Subjects.h"
 #include "text/EDID.h"
 #include "text/Text.h"
@@ -10,8 +9,6 @@ namespace NZANQSX20 {
 
 namespace {
 
-const TNeed kNames = {"Names of video controllers", {"ZANSG_VideoController"}};
-
 constexpr const char* kPCIDevices = "/sys/bus/pci/devices/";
 constexpr const char* kConnectors = "/sys/class/drm/";
 constexpr std::string_view kDisplayClass = "0x03";
@@ -19,22 +16,6 @@ constexpr std::string_view kDisplayClass = "0x03";
 /// ScanMode of a resolution.
 constexpr unsigned kInterlaced = 4;
 constexpr unsigned kNonInterlaced = 5;
-
-/// By address, "Maker Model" as lspci prints it:
-/// 0000:00:02.0 "VGA compatible controller" "Maker" "Model" ...
-std::map<std::string, std::string> ReadNames(const TMachine& machine, TCollected& collected)
-{
-   std::map<std::string, std::string> names;
-   const TReading reading = machine.RunTool("lspci", {"-D", "-mm"});
-   if (!collected.Has(reading, kNames))
-      return names;
-   for (const std::string_view line : SplitLines(reading.fText)) {
-      const auto parts = Split(line, '"');
-      if (parts.size() > 5)
-         names.emplace(Trim(parts[0]), std::string(parts[3]) + ' ' + std::string(parts[5]));
-   }
-   return names;
-}
 
 std::string DescribeDate(const TEDID& monitor)
 {
@@ -123,12 +104,9 @@ void CollectVideo(const TMachine& machine, TCollected& collected)
          addresses.push_back(address);
    if (addresses.empty())
       return;
-   const auto names = ReadNames(machine, collected);
-   for (const std::string& address : addresses) {
-      const auto name = names.find(address);
-      AddController(machine, collected, address,
-                    name == names.end() ? std::string() : name->second);
-   }
+   TPCINames names = ReadPCINames(machine, collected);
+   for (const std::string& address : addresses)
+      AddController(machine, collected, address, names[address].Describe());
 }
 
 }  // namespace NZANQSX20

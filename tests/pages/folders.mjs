@@ -33,7 +33,9 @@ instance of ZANSG_ComputerSystem { Name = ${quote(kHostile)}; SerialNumber = "VM
 instance of ZANSG_OperatingSystem { Name = "Linux"; OSType = 36; };
 `;
   for (let pid = 1; pid <= kLongRows; ++pid) {
-    const name = pid === 4321 ? `brandt ${kNeedle}` : pid === 3 ? kHostile : `worker ${(pid * 31) % kLongRows}`;
+    const worker = (pid * 31) % kLongRows;
+    const other = `Zoë-0${pid % 13} ${"aÄb/".repeat(pid % 4)}eth${pid % 100}.${pid % 3 ? pid : `00${pid}`}`;
+    const name = pid === 4321 ? `brandt ${kNeedle}` : pid === 3 ? kHostile : worker < 4000 ? `worker ${worker}` : other;
     text += makeProcess(pid, name);
   }
   return text;

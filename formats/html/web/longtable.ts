@@ -8,7 +8,8 @@ import {
   Virtualizer,
 } from "@tanstack/virtual-core";
 import { appendContent, makeCell, withSecondText } from "./cells";
-import { getColumn, type Needle, parseRow, type RowSource, type Segment } from "./rows";
+import { type ColumnTexts, readColumn } from "./column";
+import { type Needle, parseRow, type RowSource, type Segment } from "./rows";
 import type { TableBody } from "./table";
 
 /** Browsers cut elements that are higher. Units: pixels. */
@@ -332,8 +333,8 @@ export class LongBody implements TableBody {
     this.detail.replaceChildren(title, list);
   }
 
-  getTexts(column: number): string[] {
-    return getColumn(this.segments, column);
+  getColumn(column: number): ColumnTexts {
+    return readColumn(this.segments, column);
   }
 
   getCsvRow(row: number, hasSecondTexts: boolean): string[] {

@@ -1,5 +1,9 @@
 // The order of a column: numbers, sizes and durations by magnitude, dates by time, all else in the
-// natural order of texts, in which "eth2" stands before "eth10". What is empty comes last.
+// natural order of texts. What is empty comes last.
+
+import type { ColumnTexts } from "./column";
+import { type KeySource, sortByKeys } from "./keyorder";
+import { isDigit, NaturalKeys } from "./naturalorder";
 
 const kFactors: Record<string, number> = {
   "": 1, "%": 1,
@@ -47,12 +51,6 @@ function getDuration(text: string): number {
   return sum;
 }
 
-const kZero = 48;
-
-function isDigit(code: number): boolean {
-  return code >= 48 && code <= 57;
-}
-
 /** The digits of a text from begin on, up to end. Missing: -1 where one of them is none. */
 function readDigits(text: string, begin: number, end: number): number {
   if (end > text.length) return -1;
@@ -93,170 +91,71 @@ export function getMagnitude(text: string): number {
   return getDuration(text);
 }
 
-/** Ranks of characters, from the collation of the pages' language; equal where only case or accent differ. */
-function makeRanks(seen: Uint8Array): Uint16Array {
-  const characters: string[] = [];
-  seen.forEach((isSeen, code) => isSeen && characters.push(String.fromCharCode(code)));
-  const collator = new Intl.Collator("en", { sensitivity: "base" });
-  characters.sort(collator.compare);
-  const ranks = new Uint16Array(seen.length);
-  let rank = 1;
-  characters.forEach((character, i) => {
-    if (i > 0 && collator.compare(characters[i - 1]!, character) !== 0) ++rank;
-    ranks[character.charCodeAt(0)] = rank;
-  });
-  return ranks;
-}
-
-/** Texts of which the first characters differ need no more of them. Units: characters. */
-const kUsualLength = 48;
-const kLongestNumber = 40;
-
-/** Texts as runs of numbers that compare one by one as Intl.Collator with numeric compares the texts, which
-    itself takes ten times as long: 100,000 texts need 1.7 million comparisons. A run of digits is its first rank,
-    its length without leading zeros, and its digits. */
-class NaturalKeys {
-  private readonly units: Uint16Array;
-  private readonly ends: Uint32Array;
-  /** The first units of each text as one number, which decides most comparisons. */
-  private readonly heads: Float64Array;
-  private readonly headLength: number;
-  private whole: NaturalKeys | null = null;
-
-  /** limit: texts are read up to there, and whole where that does not tell them apart. */
-  constructor(
-    private readonly texts: string[],
-    private readonly limit: number,
-  ) {
-    const seen = new Uint8Array(0x10000);
-    let length = 0;
-    for (const text of texts) {
-      const end = Math.min(text.length, limit);
-      let wasDigit = false;
-      for (let i = 0; i < end; ++i) {
-        const code = text.charCodeAt(i);
-        seen[code] = 1;
-        const digit = isDigit(code);
-        length += digit && !wasDigit ? 3 : 1;
-        wasDigit = digit;
-      }
-      if (wasDigit && text.length > limit) length += kLongestNumber;
-    }
-    seen[kZero] = 1;
-    const ranks = makeRanks(seen);
-    this.units = new Uint16Array(length);
-    this.ends = new Uint32Array(texts.length);
-    let at = 0;
-    for (let row = 0; row < texts.length; ++row) {
-      at = this.append(texts[row]!, at, ranks);
-      this.ends[row] = at;
-    }
-    let base = 0;
-    for (let i = 0; i < at; ++i) base = Math.max(base, this.units[i]! + 1);
-    this.headLength = Math.floor(Math.log(Number.MAX_SAFE_INTEGER) / Math.log(base));
-    this.heads = new Float64Array(texts.length);
-    for (let row = 0; row < texts.length; ++row) this.heads[row] = this.makeHead(row, base);
-  }
-
-  private getBegin(row: number): number {
-    return row === 0 ? 0 : this.ends[row - 1]!;
-  }
-
-  private append(text: string, begin: number, ranks: Uint16Array): number {
-    const { units } = this;
-    const end = Math.min(text.length, this.limit);
-    let at = begin;
-    for (let i = 0; i < end; ) {
-      const code = text.charCodeAt(i);
-      if (!isDigit(code)) {
-        units[at++] = ranks[code]!;
-        ++i;
-        continue;
-      }
-      while (text.charCodeAt(i) === kZero && isDigit(text.charCodeAt(i + 1))) ++i;
-      units[at] = ranks[kZero]!;
-      const lengthAt = at + 1;
-      at += 2;
-      // A number that the limit cuts counts whole, up to a length that no number of a report has.
-      const stop = Math.min(text.length, Math.max(end, i + kLongestNumber));
-      for (; i < stop && isDigit(text.charCodeAt(i)); ++i) units[at++] = text.charCodeAt(i) - kZero + 1;
-      units[lengthAt] = at - lengthAt;
-    }
-    return at;
-  }
-
-  private makeHead(row: number, base: number): number {
-    const begin = this.getBegin(row);
-    const end = this.ends[row]!;
-    let head = 0;
-    for (let i = begin; i < begin + this.headLength; ++i) head = head * base + (i < end ? this.units[i]! : 0);
-    return head;
-  }
-
-  compare(a: number, b: number): number {
-    const byHead = this.heads[a]! - this.heads[b]!;
-    if (byHead !== 0) return byHead;
-    const { units, ends } = this;
-    let i = this.getBegin(a) + this.headLength;
-    let j = this.getBegin(b) + this.headLength;
-    const endA = ends[a]!;
-    const endB = ends[b]!;
-    while (i < endA && j < endB) {
-      const difference = units[i++]! - units[j++]!;
-      if (difference !== 0) return difference;
-    }
-    const byLength = Math.max(0, endA - i) - Math.max(0, endB - j);
-    if (byLength !== 0 || !this.isCut(a) || !this.isCut(b)) return byLength;
-    this.whole ??= new NaturalKeys(this.texts, Infinity);
-    return this.whole.compare(a, b);
-  }
-
-  private isCut(row: number): boolean {
-    return this.texts[row]!.length > this.limit;
-  }
-}
-
 const kSampleSize = 400;
 
 /** Whether most texts are numbers, judged by some of them over the whole column. */
-function isOfMagnitudes(texts: string[]): boolean {
-  const step = Math.max(1, Math.floor(texts.length / kSampleSize));
+function isOfMagnitudes(column: ColumnTexts): boolean {
+  const step = Math.max(1, Math.floor(column.length / kSampleSize));
   let filled = 0;
   let numbers = 0;
-  for (let i = 0; i < texts.length; i += step) {
-    if (!texts[i]) continue;
+  for (let row = 0; row < column.length; row += step) {
+    if (column.isEmpty(row)) continue;
     ++filled;
-    if (!Number.isNaN(getMagnitude(texts[i]!))) ++numbers;
+    if (!Number.isNaN(getMagnitude(column.getText(row)))) ++numbers;
   }
   return numbers * 2 > filled;
 }
 
-/** The row indices in the order of the texts; rows with equal texts stay as they are. */
-export function sortRows(texts: string[], isDescending: boolean): Uint32Array {
-  const filled: number[] = [];
-  const empty: number[] = [];
-  texts.forEach((text, row) => (text === "" ? empty : filled).push(row));
-  const sign = isDescending ? -1 : 1;
-  const order = Uint32Array.from(filled);
-  if (isOfMagnitudes(texts)) {
-    const magnitudes = Float64Array.from(texts, getMagnitude);
-    const words = order.filter((row) => Number.isNaN(magnitudes[row]!));
-    const numbers = order.filter((row) => !Number.isNaN(magnitudes[row]!));
-    numbers.sort((a, b) => sign * (magnitudes[a]! - magnitudes[b]!));
-    sortNatural(words, texts, sign);
-    return join(numbers, words, empty);
+/** The upper half of a number's bits, then the lower one. */
+class MagnitudeKeys implements KeySource {
+  private readonly magnitudes: Float64Array;
+  private readonly halves: Uint32Array;
+  private readonly isUpperRead: Uint8Array;
+
+  constructor(column: ColumnTexts) {
+    this.magnitudes = new Float64Array(column.length);
+    for (let row = 0; row < column.length; ++row) this.magnitudes[row] = getMagnitude(column.getText(row)) + 0;
+    this.halves = new Uint32Array(this.magnitudes.buffer);
+    this.isUpperRead = new Uint8Array(column.length);
   }
-  sortNatural(order, texts, sign);
-  return join(order, empty);
+
+  isNumber(row: number): boolean {
+    return !Number.isNaN(this.magnitudes[row]!);
+  }
+
+  /** Bits of numbers below zero count backwards, and stand before the others. */
+  readKey(row: number): number {
+    const upper = this.halves[2 * row + 1]!;
+    const isNegative = upper >= 0x80000000;
+    const half = this.isUpperRead[row] ? this.halves[2 * row]! : isNegative ? upper : upper ^ 0x80000000;
+    this.isUpperRead[row]! += 1;
+    return (isNegative ? ~half : half) >>> 0;
+  }
+
+  hasMore(row: number): boolean {
+    return this.isUpperRead[row] === 1;
+  }
 }
 
-function sortNatural(order: Uint32Array, texts: string[], sign: number): void {
-  if (order.length < 2) return;
-  const keys = new NaturalKeys(texts, kUsualLength);
-  order.sort((a, b) => sign * keys.compare(a, b));
+/** The row indices in the order of the texts; rows with equal texts stay as they are. */
+export function sortRows(column: ColumnTexts, isDescending: boolean): Uint32Array {
+  const order = new Uint32Array(column.length);
+  for (let row = 0; row < order.length; ++row) order[row] = row;
+  const filled = order.filter((row) => !column.isEmpty(row));
+  const empty = order.filter((row) => column.isEmpty(row));
+  if (!isOfMagnitudes(column)) {
+    sortByKeys(filled, new NaturalKeys(column), isDescending);
+    return join(filled, empty);
+  }
+  const keys = new MagnitudeKeys(column);
+  const numbers = filled.filter((row) => keys.isNumber(row));
+  const words = filled.filter((row) => !keys.isNumber(row));
+  sortByKeys(numbers, keys, isDescending);
+  if (words.length > 1) sortByKeys(words, new NaturalKeys(column), isDescending);
+  return join(numbers, words, empty);
 }
 
-function join(...parts: ArrayLike<number>[]): Uint32Array {
+function join(...parts: Uint32Array[]): Uint32Array {
   const all = new Uint32Array(parts.reduce((sum, part) => sum + part.length, 0));
   let at = 0;
   for (const part of parts) {

@@ -1,6 +1,7 @@
 // The rows of a table that the page holds whole.
 
 import { readSecondText, readText, withSecondText } from "./cells";
+import { type ColumnTexts, makeColumn } from "./column";
 import type { Needle } from "./rows";
 import type { TableBody } from "./table";
 
@@ -19,11 +20,13 @@ export class PlainBody implements TableBody {
 
   async load(): Promise<void> {}
 
-  getTexts(column: number): string[] {
-    return this.rows.map((row) => {
-      const cell = getValueCells(row)[column];
-      return cell ? readText(cell) : "";
-    });
+  getColumn(column: number): ColumnTexts {
+    return makeColumn(
+      this.rows.map((row) => {
+        const cell = getValueCells(row)[column];
+        return cell ? readText(cell) : "";
+      }),
+    );
   }
 
   getCsvRow(row: number, hasSecondTexts: boolean): string[] {

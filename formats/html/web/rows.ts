@@ -4,6 +4,8 @@
 const kRowEnd = "\x1e";
 const kCellEnd = "\x1f";
 const kSecond = "\x1d";
+export const kCellEndCode = 0x1f;
+export const kSecondCode = 0x1d;
 
 export type State = "" | "ok" | "unknown" | "attention" | "failed";
 /** A row is a link to a row of another table; the script makes it. */
@@ -177,7 +179,7 @@ export function getTableKey(page: number, table: number): string {
 const kStates: State[] = ["", "ok", "unknown", "attention", "failed"];
 const kKinds: Kind[] = ["file", "score", "frequencies"];
 const kFirstKind = 6;
-const kLastMark = 0x12;
+export const kLastMark = 0x12;
 
 /** Reads a cell as the row files have it. */
 export function parseCell(raw: string): Cell {
@@ -212,33 +214,6 @@ export function parseCell(raw: string): Cell {
 
 export function parseRow(raw: string): Cell[] {
   return raw.split(kCellEnd).map(parseCell);
-}
-
-/** The text of a column in a row. Missing: empty where the row is shorter. */
-function getColumnText(text: string, begin: number, end: number, column: number): string {
-  let at = begin;
-  for (let c = 0; c < column; ++c) {
-    at = text.indexOf(kCellEnd, at) + 1;
-    if (at === 0 || at > end) return "";
-  }
-  while (at < end && text.charCodeAt(at) <= kLastMark && text[at] !== "\t" && text[at] !== "\n") ++at;
-  let stop = at;
-  for (; stop < end; ++stop) {
-    const code = text.charCodeAt(stop);
-    if (code === 0x1f || code === 0x1d) break;
-  }
-  return text.slice(at, stop);
-}
-
-/** The texts of a column, of all rows. */
-export function getColumn(segments: Segment[], column: number): string[] {
-  const texts: string[] = [];
-  for (const segment of segments)
-    for (let row = 0; row < segment.count; ++row)
-      texts.push(
-        getColumnText(segment.text, segment.getBegin(row), segment.ends[row]!, column),
-      );
-  return texts;
 }
 
 /** Words that a row must all have, in any cell and either case. */

@@ -1,5 +1,6 @@
 // Tables: sort, filter, count, copy, and the row that an address names.
 
+import type { ColumnTexts } from "./column";
 import { toCsv } from "./csv";
 import { LongBody } from "./longtable";
 import { sortRows } from "./order";
@@ -12,7 +13,7 @@ export interface TableBody {
   readonly rowCount: number;
   /** Until then only part of the rows is there. */
   load(): Promise<void>;
-  getTexts(column: number): string[];
+  getColumn(column: number): ColumnTexts;
   getCsvRow(row: number, hasSecondTexts: boolean): string[];
   findRows(needle: Needle, seesSecondTexts: boolean): Uint8Array;
   /** Shows these rows in this order. */
@@ -113,7 +114,7 @@ export class Table {
     this.sorted =
       this.direction === "none"
         ? makeIdentity(this.body.rowCount)
-        : sortRows(this.body.getTexts(column), this.direction === "descending");
+        : sortRows(this.body.getColumn(column), this.direction === "descending");
     this.headers.forEach((header, i) => {
       if (header.ariaSort) header.ariaSort = i === column ? this.direction : "none";
     });

@@ -17,21 +17,6 @@ THtmlSink& operator<<(THtmlSink& out, TPlace place)
    return out << TNumber{perMille / 10} << "."_html << TNumber{perMille % 10} << "%"_html;
 }
 
-TMarkup GetFill(EState state)
-{
-   switch (state) {
-      case EState::kFailed:
-         return "f-failed"_html;
-      case EState::kAttention:
-         return "f-attention"_html;
-      case EState::kNone:
-      case EState::kOk:
-      case EState::kUnknown:
-         break;
-   }
-   return "f-base"_html;
-}
-
 void WriteMark(THtmlSink& out, TPlace place, TMarkup look, TMarkup ends)
 {
    out << "<line class=\""_html << look << "\" x1=\""_html << place << "\" x2=\""_html << place
@@ -51,13 +36,12 @@ void WriteSummary(THtmlSink& out, const TClosestAttributes& attributes)
 
 void WriteAttributeRow(THtmlSink& out, const TDriveAttribute& attribute)
 {
-   out << "<tr><th scope=\"row\">"_html;
-   WriteStateMark(out, attribute.GetState(), "");
-   out << TText{attribute.fName} << "</th><td>"_html;
+   out << "<tr><th scope=\"row\">"_html << TText{attribute.fName} << "</th><td>"_html;
    WriteAttributeBar(out, attribute);
-   out << "</td><td class=\"num\">"_html << TNumber{attribute.fValue} << " <small>worst "_html
-       << TNumber{attribute.fWorst} << ", threshold "_html << TNumber{attribute.fThreshold}
-       << "</small></td></tr>\n"_html;
+   out << "</td><td class=\"num\">"_html;
+   WriteStateGlyph(out, attribute.GetState());
+   out << TNumber{attribute.fValue} << " <small>worst "_html << TNumber{attribute.fWorst}
+       << ", threshold "_html << TNumber{attribute.fThreshold} << "</small></td></tr>\n"_html;
 }
 
 void WriteAttributeBar(THtmlSink& out, const TDriveAttribute& attribute)
@@ -70,8 +54,8 @@ void WriteAttributeBar(THtmlSink& out, const TDriveAttribute& attribute)
    else
       out << ", no threshold"_html;
    out << "\"><rect class=\"f-track\" width=\"100%\" height=\"12\"/><rect class=\""_html
-       << GetFill(attribute.GetState()) << "\" width=\""_html << TPlace{attribute.fValue, scale}
-       << "\" height=\"12\"/>"_html;
+       << ChooseByState(attribute.GetState(), "f-failed"_html, "f-attention"_html, "f-base"_html)
+       << "\" width=\""_html << TPlace{attribute.fValue, scale} << "\" height=\"12\"/>"_html;
    WriteMark(out, {attribute.fWorst, scale}, "l-short"_html, "y1=\"2\" y2=\"10\""_html);
    if (attribute.fThreshold > 0)
       WriteMark(out, {attribute.fThreshold, scale}, "l-mark"_html, "y1=\"-2\" y2=\"14\""_html);

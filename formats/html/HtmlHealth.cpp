@@ -6,23 +6,8 @@
 
 namespace {
 
-/// More findings of a subsystem than these are behind a link.
+/// More findings of a subsystem than these are behind a switch.
 constexpr std::size_t kShownFindings = 3;
-
-TMarkup GetBodyClass(EState state)
-{
-   switch (state) {
-      case EState::kFailed:
-         return "has-failed"_html;
-      case EState::kAttention:
-         return "has-attention"_html;
-      case EState::kOk:
-      case EState::kUnknown:
-      case EState::kNone:
-         break;
-   }
-   return "is-quiet"_html;
-}
 
 void WriteSentence(THtmlSink& out, const THealth& health)
 {
@@ -78,20 +63,43 @@ private:
    void WriteSubsystem(ESubsystem subsystem)
    {
       const TSubsystemHealth& health = fHealth.Get(subsystem);
-      const std::size_t shown = std::min(health.fFindings.size(), kShownFindings);
-      const std::uint64_t count = std::max<std::uint64_t>(health.GetCount(), shown);
-      const std::size_t rows = shown + (count > shown ? 1 : 0);
-      fOut << "<tbody class=\""_html << GetBodyClass(health.fState) << "\">\n"_html;
-      for (std::size_t i = 0; i < shown; ++i) {
-         fOut << "<tr>"_html;
+      const std::vector<TFinding>& findings = health.fFindings;
+      const bool hasFurther = findings.size() > kShownFindings;
+      const std::uint64_t lost =
+         health.GetCount() - std::min<std::uint64_t>(health.GetCount(), findings.size());
+      const std::size_t rows = findings.size() + (hasFurther ? 1 : 0) + (lost > 0 ? 1 : 0);
+      fTellsStates = !findings.empty() && findings.front().fState != findings.back().fState;
+      fOut << "<tbody class=\""_html
+           << ChooseByState(health.fState, "has-failed"_html, "has-attention"_html, "is-quiet"_html)
+           << "\">\n"_html;
+      for (std::size_t i = 0; i < findings.size(); ++i) {
+         if (i == kShownFindings)
+            WriteSwitch(subsystem, health.GetCount() - kShownFindings);
+         fOut << (i < kShownFindings ? "<tr>"_html : "<tr class=\"further\">"_html);
          if (i == 0)
             WriteState(subsystem, health.fState, rows);
-         WriteFinding(health.fFindings[i]);
+         WriteFinding(findings[i]);
          fOut << "</tr>\n"_html;
       }
-      if (count > shown)
-         WriteRest(health, count - shown);
+      if (lost > 0)
+         WriteLost(lost);
       fOut << "</tbody>\n"_html;
+   }
+
+   /// The rows below it are seen while it is ticked, and on paper.
+   void WriteSwitch(ESubsystem subsystem, std::uint64_t count)
+   {
+      fOut << "<tr class=\"more\"><td colspan=\"2\"><label><input type=\"checkbox\" "
+              "class=\"vh\"><span class=\"if-shut\">and "_html
+           << TCount{count} << " more</span><span class=\"if-open\">only the first "_html
+           << TCount{kShownFindings} << "</span><span class=\"vh\"> findings: "_html
+           << TText{GetSubsystemName(subsystem)} << "</span></label></td></tr>\n"_html;
+   }
+
+   void WriteLost(std::uint64_t count)
+   {
+      fOut << "<tr class=\"further\"><td class=\"c-finding\" colspan=\"2\">"_html << TCount{count}
+           << " more are only counted; the reports mark them.</td></tr>\n"_html;
    }
 
    void WriteState(ESubsystem subsystem, EState state, std::size_t rows)
@@ -113,8 +121,10 @@ private:
 
    void WriteFinding(const TFinding& finding)
    {
-      fOut << "<td class=\"c-finding\">"_html << TText{finding.fText}
-           << "</td><td class=\"c-source\">"_html;
+      fOut << "<td class=\"c-finding\">"_html;
+      if (fTellsStates)
+         WriteStateGlyph(fOut, finding.fState);
+      fOut << TText{finding.fText} << "</td><td class=\"c-source\">"_html;
       WriteSource(finding, finding.fSource);
       fOut << "</td>"_html;
    }
@@ -132,21 +142,11 @@ private:
       fOut << "\">"_html << TText{text} << "</a>"_html;
    }
 
-   void WriteRest(const TSubsystemHealth& health, std::uint64_t count)
-   {
-      fOut << "<tr><td class=\"c-finding\">and "_html;
-      if (health.fFindings.size() > kShownFindings) {
-         fOut << "<a href=\""_html;
-         WritePlaceUrl(fOut, fSite, health.fFindings[kShownFindings]);
-         fOut << "\">"_html << TCount{count} << " more</a>"_html;
-      } else
-         fOut << TCount{count} << " more"_html;
-      fOut << "</td><td class=\"c-source\"></td></tr>\n"_html;
-   }
-
    THtmlSink& fOut;
    const THtmlSite& fSite;
    const THealth& fHealth;
+   /// Of a subsystem whose findings are not alike.
+   bool fTellsStates = false;
 };
 
 }  // namespace

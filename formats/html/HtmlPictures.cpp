@@ -31,17 +31,7 @@ THtmlSink& operator<<(THtmlSink& out, TPercent percent)
 
 TMarkup GetFill(EState state, TMarkup plain)
 {
-   switch (state) {
-      case EState::kFailed:
-         return "f-failed"_html;
-      case EState::kAttention:
-         return "f-attention"_html;
-      case EState::kOk:
-      case EState::kUnknown:
-      case EState::kNone:
-         break;
-   }
-   return plain;
+   return ChooseByState(state, "f-failed"_html, "f-attention"_html, plain);
 }
 
 /// title and caption are fixed texts; the link leads to the table of the place.
@@ -249,7 +239,8 @@ void WriteEventFigure(THtmlSink& out, const THtmlSite& site)
 void WritePictures(THtmlSink& out, const THtmlSite& site, const THealth& health)
 {
    const THealthPictures& pictures = health.fPictures;
-   out << "<div class=\"figures\">\n"_html;
+   // Without a picture it is empty for the style sheet, too: a line end would count.
+   out << "<div class=\"figures\">"_html;
    WriteUseFigure(out, site, pictures);
    WriteSensorFigure(out, site, pictures);
    WriteDriveFigure(out, site, pictures);

@@ -111,17 +111,22 @@ void WriteStateGlyph(THtmlSink& out, EState state)
        << TText{GetStateWord(state)} << "\"><use href=\"#g-"_html << name << "\"></use></svg>"_html;
 }
 
-TMarkup GetStateClass(EState state)
+TMarkup ChooseByState(EState state, TMarkup failed, TMarkup attention, TMarkup plain)
 {
    switch (state) {
       case EState::kFailed:
-         return "has-failed"_html;
+         return failed;
       case EState::kAttention:
-         return "has-attention"_html;
+         return attention;
       case EState::kOk:
       case EState::kUnknown:
       case EState::kNone:
          break;
    }
-   return ""_html;
+   return plain;
+}
+
+TMarkup GetStateClass(EState state)
+{
+   return ChooseByState(state, "has-failed"_html, "has-attention"_html, ""_html);
 }

@@ -24,6 +24,9 @@ std::string_view GetStateWord(EState state);
 /// The class that colours a text by its state: "is-failed".
 TMarkup GetStateColour(EState state);
 
+/// The one of three that a state asks for. All states but the two worst are plain.
+TMarkup ChooseByState(EState state, TMarkup failed, TMarkup attention, TMarkup plain);
+
 /// The class of a cell that stands out: a ground for failed, an edge for attention, and the
 /// others are plain. Missing: empty, without a blank.
 TMarkup GetStateClass(EState state);

@@ -5,6 +5,7 @@
 #include "html/HtmlEventLanes.h"
 #include "html/HtmlState.h"
 #include "html/TimelineFiles.h"
+#include "html/TimelineText.h"
 
 namespace {
 
@@ -16,6 +17,7 @@ constexpr std::uint64_t kMostBytes = 1'500'000;
 /// Without its texts.
 constexpr std::uint64_t kBytesOfRow = 300;
 constexpr std::size_t kRowsWorthSkipping = 20;
+constexpr std::uint64_t kBytesOfKilobyte = 1000;
 
 EState GetState(ESeverity severity)
 {
@@ -196,7 +198,10 @@ private:
          fOut << "<p class=\"table-note\" id=\"t1-end\" tabindex=\"-1\"><span class=\"held\">This "
                  "page holds the newest "_html
               << TCount{rows} << " of "_html << TCount{fEvents.GetCount()}
-              << " records.</span> The reports of the logs have all of them.</p>\n"_html;
+              << " records.</span> All records as text: <a href=\"rows/"_html
+              << TFileUrl{kTimelineTextFile} << "\">"_html << TText{kTimelineTextFile}
+              << "</a>, "_html << TCount{(fTextBytes + kBytesOfKilobyte - 1) / kBytesOfKilobyte}
+              << " KB.</p>\n"_html;
       else
          fOut << "<span class=\"end\" id=\"t1-end\" tabindex=\"-1\"></span>\n"_html;
       fOut << "</section>\n"_html;
@@ -209,6 +214,7 @@ private:
       for (const TEventTable& table : fEvents.GetTables())
          pageFiles.push_back(GetPageFile(table));
       const unsigned files = WriteTimelineFiles(fEvents, fRowFiles, fLogNames, pageFiles);
+      fTextBytes = WriteTimelineText(fEvents, fRowFiles, fLogNames);
       fOut << " data-rows=\""_html << TNumber{fEvents.GetCount()} << "\" data-files=\""_html
            << TNumber{files} << "\""_html;
       const TRowFileRange range = FindRowFiles(fEvents);
@@ -238,7 +244,7 @@ private:
       const bool hasSeverities = fEvents.HasSeverities();
       fOut << "<colgroup><col class=\"n\"><col class=\"w-14\">"_html
            << (hasSeverities ? "<col class=\"w-9\">"_html : ""_html)
-           << "<col class=\"w-14\"><col class=\"w-11\"><col></colgroup>\n<thead>\n<tr><th "
+           << "<col class=\"w-18\"><col class=\"w-11\"><col></colgroup>\n<thead>\n<tr><th "
               "scope=\"col\" class=\"n\">Row</th>"_html;
       WriteColumn("Time"_html, "when"_html);
       if (hasSeverities)
@@ -312,6 +318,8 @@ private:
    const TRowFiles& fRowFiles;
    /// By table.
    std::vector<std::string> fLogNames;
+   /// Of the text file of a timeline that is too long for its page.
+   std::uint64_t fTextBytes = 0;
 };
 
 }  // namespace

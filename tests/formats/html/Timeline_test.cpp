@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <regex>
 
 #include <gmock/gmock.h>
@@ -11,6 +12,7 @@
 namespace {
 
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -183,6 +185,12 @@ TEST_F(Timeline, AboveItsRowsThePageNamesTheFilesOfTheOrder)
       files,
       HasSubstr("qsxEventText(0,\"2009-06-17 13:00:00\x1F\x1F\x1F\\\"quoted\\\"\x1FOther\");"))
       << "few records have to come from the merged log";
+   EXPECT_THAT(fPage, HasSubstr("href=\"rows/timeline.txt\""));
+   const std::string text = fFolder.Read("rows/timeline.txt");
+   EXPECT_THAT(text, HasSubstr("Time\tSeverity\tLog\tSource\tMessage\n"
+                               "2009-06-17 13:00:00\t\tOther\t\t\"quoted\"\n"));
+   EXPECT_THAT(text, EndsWith("no date\tError\tQSX Error Log\t\tundated\n"));
+   EXPECT_EQ(2004, std::count(text.begin(), text.end(), '\n'));
 }
 
 TEST_F(Timeline, IsNotThereWithoutRecords)

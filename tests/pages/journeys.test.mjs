@@ -6,6 +6,7 @@ import { Browser } from "./browser.mjs";
 import { kLongRows, kNeedle } from "./folders.mjs";
 
 const kFirst = "#t1 tbody tr:not(.spacer, [hidden]) > :nth-child";
+const kClipboard = ["clipboard-read", "clipboard-write"];
 let browser;
 
 before(async () => (browser = await Browser.start()));
@@ -17,6 +18,12 @@ const readColumn = (tab, column) =>
 
 async function waitForCount(tab, text) {
   await tab.waitForFunction((wanted) => document.querySelector("#t1 .count output").textContent === wanted, text);
+}
+
+async function copyTable(tab) {
+  await tab.click("#t1 .copy");
+  await tab.waitForFunction(() => document.querySelector("#t1 .copy").textContent === "Copied");
+  return (await tab.evaluate(() => navigator.clipboard.readText())).split("\n");
 }
 
 test("the front page leads to the failed drive's very cell", async () => {
@@ -57,14 +64,28 @@ test("a table is sorted by magnitude, then the other way, then as collected", as
   });
 });
 
-test("texts are sorted in natural order, what is empty last", async () => {
-  await browser.with("long/processes.html", {}, async (tab) => {
+test("all findings of a subsystem can be seen, also without scripts", async () => {
+  await browser.with("windows/index.html", { javaScriptEnabled: false }, async (tab) => {
+    const disks = tab.locator(".health tbody").first();
+    const [, more] = /and (\d+) more/.exec(await disks.locator(".more").textContent());
+    assert.equal(await disks.locator(".further").first().isVisible(), false);
+    await disks.locator(".more label").click();
+    assert.equal(await disks.locator(".further .c-source a:visible").count(), Number(more));
+  });
+});
+
+test("texts are sorted in natural order", async () => {
+  await browser.with("long/processes.html", { permissions: kClipboard }, async (tab) => {
     await waitForCount(tab, "5,000 rows");
     await tab.click("#t1 thead th:nth-child(3) .sort");
     await tab.waitForSelector("#t1-r4321");
     const names = await readColumn(tab, 3);
     const first = names.indexOf(`brandt ${kNeedle}`) + 1;
     assert.deepEqual(names.slice(first, first + 12), [...Array(12).keys()].map((i) => `worker ${i}`));
+    const sorted = (await copyTable(tab)).map((row) => row.split(",")[1]).filter((name) => /^[wZ]/.test(name));
+    assert.ok(sorted.length > 4990);
+    const { compare } = new Intl.Collator("en", { numeric: true, sensitivity: "base" });
+    assert.deepEqual(sorted.filter((name, i) => i > 0 && compare(sorted[i - 1], name) > 0), []);
   });
 });
 
@@ -82,15 +103,12 @@ test("a filter leaves the rows that have all words, and says how many", async ()
 });
 
 test("what is shown is copied as CSV", async () => {
-  const permissions = ["clipboard-read", "clipboard-write"];
-  await browser.with("long/processes.html", { permissions }, async (tab) => {
+  await browser.with("long/processes.html", { permissions: kClipboard }, async (tab) => {
     await waitForCount(tab, "5,000 rows");
     await tab.fill("#t1 .filter input", "quotes");
     await waitForCount(tab, "1 of 5,000 rows");
     await tab.check("#t1 .show-raw");
-    await tab.click("#t1 .copy");
-    await tab.waitForFunction(() => document.querySelector("#t1 .copy").textContent === "Copied");
-    const [labels, row, ...rest] = (await tab.evaluate(() => navigator.clipboard.readText())).split("\n");
+    const [labels, row, ...rest] = await copyTable(tab);
     assert.match(labels, /^PID,Name,User,/);
     assert.match(row, /^3,"<\/script>.*& ""quotes"" 'single'/);
     assert.match(row, /Ready \[2\]/);
@@ -193,6 +211,8 @@ test("a page prints without side bar and tools, a long table with its first rows
     await tab.emulateMedia({ media: "print" });
     for (const gone of [".side", ".tools", ".anchor"])
       assert.equal(await tab.$eval(gone, (element) => getComputedStyle(element).display), "none", gone);
+    // Where a header is repeated on the next sheet, its buttons are missing.
+    assert.equal(await tab.$$eval(".sort", (all) => all.some((one) => getComputedStyle(one).display !== "contents")), false);
     const paper = await tab.pdf({ format: "A4", preferCSSPageSize: true });
     assert.equal(paper.subarray(0, 5).toString(), "%PDF-");
   });

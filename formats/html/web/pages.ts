@@ -2,6 +2,7 @@
 
 import { RowFiles } from "./rows";
 import { startSearch } from "./search";
+import { startStickyHeads } from "./stickyheads";
 import { startTables } from "./table";
 import { startTheme } from "./theme";
 import { startTimeline } from "./timeline";
@@ -16,6 +17,7 @@ document.addEventListener("DOMContentLoaded", () => {
   const tables = startTables((section) => (rows && section === longTimeline ? rows : files));
   startTimeline(tables, rows);
   startSearch(files);
+  startStickyHeads();
 });
 
 /** The rows of a page's first table come while the page itself does. */

@@ -1,16 +1,9 @@
 #include "html/HtmlFrame.h"
 
+#include "html/HtmlDocument.h"
 #include "html/HtmlState.h"
 
 namespace {
-
-/// Nothing inline, nothing from elsewhere: only the script and the style sheet beside the page.
-constexpr TMarkup kHeadBegin =
-   "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
-   "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src 'self'; "
-   "script-src 'self'; img-src 'self'; base-uri 'none'; form-action 'none'\">\n"
-   "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
-   "<meta name=\"color-scheme\" content=\"light dark\">\n<title>"_html;
 
 TMarkup MarkCurrent(bool isCurrent)
 {
@@ -75,22 +68,6 @@ void WriteSideSystems(THtmlSink& out, const THtmlSystems& systems)
    out << "</p>\n"_html;
 }
 
-/// Controls that the pages' script brings to life; without scripts they are hidden.
-void WriteSearchField(THtmlSink& out)
-{
-   out << "<search class=\"search js-only\"><label class=\"vh\" for=\"search\">Search all "
-          "reports</label><input id=\"search\" type=\"search\" placeholder=\"Search all "
-          "reports\" autocomplete=\"off\"></search>\n"_html;
-}
-
-void WriteThemeChoice(THtmlSink& out)
-{
-   out << "<p class=\"side-foot js-only\"><label class=\"vh\" for=\"theme\">Theme</label><select "
-          "id=\"theme\"><option value=\"\">Theme: as the system</option><option "
-          "value=\"light\">Theme: light</option><option value=\"dark\">Theme: "
-          "dark</option></select></p>\n"_html;
-}
-
 void WriteSideBar(THtmlSink& out, const THtmlSite& site, const std::string& currentFile)
 {
    out << "<nav class=\"side\" id=\"reports\" popover aria-label=\"Reports\">\n"_html;
@@ -98,7 +75,7 @@ void WriteSideBar(THtmlSink& out, const THtmlSite& site, const std::string& curr
       WriteSideMachine(out, site.fFacts);
    else
       WriteSideSystems(out, site.fSystems);
-   WriteSearchField(out);
+   WriteSearchField(out, "Search all reports"_html);
    out << "<ul>\n"_html;
    WriteFrontPageEntry(out, currentFile);
    for (const THtmlOwnPage& page : site.fOwnPages)
@@ -196,39 +173,13 @@ void WriteFrameBegin(THtmlSink& out, const THtmlSite& site, const std::string& t
 {
    const std::string machine = site.fFacts.GetName();
    const bool isFrontPage = file == kFrontPageFile;
-   out << kHeadBegin << TText{title} << (isFrontPage ? ": "_html : ", "_html)
-       << (isFrontPage ? "front page"_html : ""_html);
-   if (!isFrontPage)
-      out << TText{machine};
-   out << "</title>\n<link rel=\"stylesheet\" href=\""_html << TFileUrl{kStyleSheetFile}
-       << "\">\n<script src=\""_html << TFileUrl{kScriptFile}
-       << "\"></script>\n</head>\n<body>\n"_html;
-   WriteStateShapes(out);
-   out << "<a class=\"skip\" href=\"#main\">Skip to content</a>\n"
-          "<header class=\"top\"><p><bdi>"_html
-       << TText{title} << "</bdi>"_html;
-   if (!isFrontPage)
-      out << ", <bdi>"_html << TText{machine} << "</bdi>"_html;
-   out << "</p><button type=\"button\" popovertarget=\"reports\">Reports</button></header>\n"
-          "<div class=\"page\">\n"_html;
+   WriteDocumentBegin(out, isFrontPage ? title + ": front page" : title + ", " + machine);
+   WriteTopBar(out, title, isFrontPage ? "" : machine, "Reports"_html);
    WriteSideBar(out, site, file);
    out << "<main id=\"main\">\n"_html;
 }
 
 void WriteFrameEnd(THtmlSink& out, const THtmlSite& site, const std::string& title)
 {
-   const THtmlOptions& options = site.fOptions;
-   out << "<footer class=\"page-foot\"><bdi>"_html << TText{site.fFacts.GetName()} << "</bdi>"_html;
-   if (!title.empty())
-      out << ", <bdi>"_html << TText{title} << "</bdi>"_html;
-   out << "."_html;
-   if (!options.fWritten.empty() || !options.fProgram.empty() || !options.fSource.empty())
-      out << " Written"_html;
-   if (!options.fWritten.empty())
-      out << " "_html << TText{options.fWritten};
-   if (!options.fProgram.empty())
-      out << " by "_html << TText{options.fProgram};
-   if (!options.fSource.empty())
-      out << " from <bdi class=\"mono\">"_html << TText{options.fSource} << "</bdi>"_html;
-   out << "</footer>\n</main>\n</div>\n</body>\n</html>\n"_html;
+   WriteDocumentEnd(out, site.fFacts.GetName(), title, site.fOptions);
 }

@@ -47,8 +47,6 @@ struct THtmlSite
 
 constexpr const char* kFrontPageFile = "index.html";
 constexpr const char* kCorrectionsFile = "corrections.html";
-constexpr const char* kStyleSheetFile = "pages.css";
-constexpr const char* kScriptFile = "pages.js";
 
 /// From the first byte to <main>: policy, title, side bar. file is the one that the side bar marks
 /// as the current one: of a page in several files, the first.

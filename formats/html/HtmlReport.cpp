@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "html/BundledFiles.h"
 #include "html/HtmlCorrections.h"
+#include "html/HtmlDocument.h"
 #include "html/HtmlFrontPage.h"
 #include "html/HtmlHealth.h"
 #include "html/HtmlReportPage.h"
@@ -69,7 +69,7 @@ void THtmlReport::EndRun(const TReportIndex& index)
    for (std::size_t page = 0; page < fPages.size(); ++page)
       WriteReportPage(fOutputDirectory, site, page, places[page], *fSpool);
    fRowFiles->Close();
-   WriteRowIndex(*fRowFiles, site, places);
+   WriteSearchIndex(site, places);
 
    if (hasTimeline)
       WriteOwnPage(kTimelineFile,
@@ -80,10 +80,18 @@ void THtmlReport::EndRun(const TReportIndex& index)
       WriteOwnPage(kCorrectionsFile,
                    [&](THtmlSink& out) { WriteCorrections(out, site, *fOutcome->fCorrections); });
    WriteOwnPage(kFrontPageFile, [&site](THtmlSink& out) { WriteFrontPage(out, site); });
-   WriteFile(kStyleSheetFile, GetStyleSheet());
-   WriteFile(kScriptFile, GetScript());
+   WriteBundledFiles(fOutputDirectory);
    fEvents.reset();
    fSpool.reset();
+}
+
+void THtmlReport::WriteSearchIndex(const THtmlSite& site,
+                                   const std::vector<TReportIndex::TPlace>& places) const
+{
+   std::vector<TSearchedPage> pages;
+   for (std::size_t page = 0; page < fPages.size(); ++page)
+      pages.push_back({fPages[page].fFileStem, GetPageTitle(site.fPages[page], places[page])});
+   WriteRowIndex(*fRowFiles, pages);
 }
 
 /// Pages tell in the side bar what a finding on them says.
@@ -122,13 +130,6 @@ TPageSink& THtmlReport::GetPage()
    if (fCompared)
       return *fCompared;
    return *fBody;
-}
-
-void THtmlReport::WriteFile(const std::string& name, std::string_view content) const
-{
-   TOutputFile file(fOutputDirectory + "/" + name);
-   file.Write(content);
-   file.Close();
 }
 
 void THtmlReport::WriteReportTitle(const std::string& title, const std::string& linkText,

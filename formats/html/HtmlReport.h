@@ -46,11 +46,12 @@ public:
 
 private:
    void ShowOutcome(THtmlSite& site);
+   void WriteSearchIndex(const THtmlSite& site,
+                         const std::vector<TReportIndex::TPlace>& places) const;
    void WriteOwnPage(const std::string& name,
                      const std::function<void(THtmlSink& out)>& write) const;
    void BeginLog(const TLogColumns& columns);
    TPageSink& GetPage();
-   void WriteFile(const std::string& name, std::string_view content) const;
 
    const THtmlOptions fOptions;
    std::string fOutputDirectory;

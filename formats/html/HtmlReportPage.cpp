@@ -1,6 +1,7 @@
 #include "html/HtmlReportPage.h"
 
 #include "html/HtmlComparison.h"
+#include "html/HtmlParts.h"
 
 namespace {
 
@@ -32,10 +33,10 @@ public:
       WriteHead();
       WriteTableList();
       fOut << "<div class=\"sheet\">\n"_html;
-      WriteFileList();
+      WritePartList(fOut, GetParts());
       for (const TSpan& span : fPage.fFiles[fFile].fBody)
          fOut.GetFile().CopyFrom(spool, span.fOffset, span.fLength);
-      WriteFileSteps();
+      WritePartSteps(fOut, GetParts());
       fOut << "</div>\n</div>\n"_html;
       WriteFrameEnd(fOut, fSite, GetTitle());
    }
@@ -153,59 +154,20 @@ private:
       fOut << "</nav>\n"_html;
    }
 
-   void WriteFileLink(std::size_t file, TMarkup text, bool exists)
+   void WriteFileName(std::size_t number)
    {
-      if (exists)
-         fOut << "<li><a href=\""_html << TFileUrl{fPage.GetFileName(file)} << "\">"_html << text
-              << "</a></li>\n"_html;
-      else
-         fOut << "<li class=\"here\">"_html << text << "</li>\n"_html;
-   }
-
-   void WriteSteps()
-   {
-      const std::size_t last = fPage.fFiles.size() - 1;
-      fOut << "<ul class=\"steps\">\n"_html;
-      WriteFileLink(0, "First"_html, fFile > 0);
-      WriteFileLink(fFile - 1, "Previous"_html, fFile > 0);
-      WriteFileLink(fFile + 1, "Next"_html, fFile < last);
-      WriteFileLink(last, "Last"_html, fFile < last);
-      fOut << "</ul>\n"_html;
-   }
-
-   void WriteFileName(const THtmlFile& file, std::size_t number)
-   {
+      const THtmlFile& file = fPage.fFiles[number];
       if (file.fFirstTitle.empty())
          fOut << "Part "_html << TCount{number + 1};
       else
          fOut << "From "_html << TText{file.fFirstTitle};
    }
 
-   void WriteFileList()
+   THtmlParts GetParts()
    {
-      if (!IsSplit())
-         return;
-      const std::vector<THtmlFile>& files = fPage.fFiles;
-      fOut << "<nav class=\"parts\" aria-label=\"Parts of this report\">\n<p>Part "_html
-           << TCount{fFile + 1} << " of "_html << TCount{files.size()} << "</p>\n"_html;
-      WriteSteps();
-      fOut << "<details><summary>All parts</summary>\n<ol>\n"_html;
-      for (std::size_t i = 0; i < files.size(); ++i) {
-         fOut << "<li><a href=\""_html << TFileUrl{fPage.GetFileName(i)} << "\""_html
-              << (i == fFile ? " aria-current=\"page\">"_html : ">"_html);
-         WriteFileName(files[i], i);
-         fOut << "</a></li>\n"_html;
-      }
-      fOut << "</ol>\n</details>\n</nav>\n"_html;
-   }
-
-   void WriteFileSteps()
-   {
-      if (!IsSplit())
-         return;
-      fOut << "<nav class=\"parts\" aria-label=\"Next and previous part\">\n"_html;
-      WriteSteps();
-      fOut << "</nav>\n"_html;
+      return {"Parts of this report"_html, fPage.fFiles.size(), fFile,
+              [this](std::size_t file) { return fPage.GetFileName(file); },
+              [this](std::size_t file) { WriteFileName(file); }};
    }
 
    THtmlSink& fOut;

@@ -69,6 +69,16 @@ THtmlSink& THtmlSink::operator<<(TFileUrl url)
    return *this;
 }
 
+THtmlSink& THtmlSink::operator<<(TPathUrl url)
+{
+   std::string_view rest = url.fPath;
+   for (std::size_t end; (end = rest.find('/')) != std::string_view::npos;) {
+      *this << TFileUrl{rest.substr(0, end)} << "/"_html;
+      rest.remove_prefix(end + 1);
+   }
+   return *this << TFileUrl{rest};
+}
+
 THtmlSink& THtmlSink::operator<<(TNumber number)
 {
    fFile.Write(TDigits(number.fNumber).Get());

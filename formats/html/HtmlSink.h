@@ -43,6 +43,13 @@ struct TFileUrl
    std::string_view fFile;
 };
 
+/// A file below the page's folder or beside it, its parts with "/" between them. Each part is
+/// encoded as a TFileUrl is. Only who made the path decides where it leads: "..", too.
+struct TPathUrl
+{
+   std::string_view fPath;
+};
+
 /// A number as it is: 2500.
 struct TNumber
 {
@@ -74,6 +81,7 @@ public:
 
    THtmlSink& operator<<(TText text);
    THtmlSink& operator<<(TFileUrl url);
+   THtmlSink& operator<<(TPathUrl url);
    THtmlSink& operator<<(TNumber number);
    THtmlSink& operator<<(TCount count);
 

@@ -1,18 +1,15 @@
 #include "html/RowIndex.h"
 
-#include "html/HtmlReportPage.h"
-
-void WriteRowIndex(const TRowFiles& rowFiles, const THtmlSite& site,
-                   const std::vector<TReportIndex::TPlace>& places)
+void WriteRowIndex(const TRowFiles& rowFiles, const std::vector<TSearchedPage>& pages)
 {
    TOutputFile file(rowFiles.GetPath("index.js"));
    file.Write("qsxPages(" + std::to_string(rowFiles.GetFileNumber()) + ",[");
    const char* separator = "[\"";
-   for (std::size_t page = 0; page < site.fPages.size(); ++page) {
+   for (const TSearchedPage& page : pages) {
       file.Write(separator);
-      WriteScriptText(file, site.fPages[page].fFileStem);
+      WriteScriptText(file, page.fFileStem);
       file.Write("\",\"");
-      WriteScriptText(file, GetPageTitle(site.fPages[page], places[page]));
+      WriteScriptText(file, page.fTitle);
       file.Write("\"]");
       separator = ",\n[\"";
    }

@@ -4,17 +4,11 @@
 #include <string>
 #include <string_view>
 
+#include "readers/Compression.h"
 #include "readers/TByteSource.h"
 #include "readers/TReadLimits.h"
 
 namespace NZANQSX20 {
-
-enum class ECompression
-{
-   kNone,
-   kGzip,
-   kZstandard
-};
 
 /// Tells the compression from the first bytes of a file.
 ECompression FindCompression(std::string_view start);

@@ -12,6 +12,6 @@ namespace NZANQSX20 {
 ///          a processing instruction, <?qsx-char 1B?>, which other readers pass over.
 /// Throws:  TWriteError for a name that XML has no form for, a qualifier that is a boolean null;
 ///          what the sink throws.
-void WriteCIMXML(const TMemoryStore& store, TByteSink& sink);
+QSX_API void WriteCIMXML(const TMemoryStore& store, TByteSink& sink);
 
 }  // namespace NZANQSX20

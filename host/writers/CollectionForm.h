@@ -18,7 +18,7 @@ struct TCollectionForm
 
 /// The form that the ending of a name asks for: ".mof" or ".xml", each also with ".gz" or ".zst".
 /// Missing: false for any other name; the form is then left alone.
-bool FindCollectionForm(std::string_view name, TCollectionForm& form);
+QSX_API bool FindCollectionForm(std::string_view name, TCollectionForm& form);
 
 /// All endings, for messages.
 constexpr const char* kCollectionEndings = ".mof or .xml, each also with .gz or .zst";
@@ -27,7 +27,7 @@ constexpr const char* kCollectionEndings = ".mof or .xml, each also with .gz or 
 ///
 /// Shape:  the sentences that come back tell what the form says in another way than the store.
 /// Throws: TWriteError; what the sink throws.
-std::vector<std::string> WriteCollection(const TMemoryStore& store, const TCollectionForm& form,
-                                         TByteSink& sink);
+QSX_API std::vector<std::string> WriteCollection(const TMemoryStore& store,
+                                                 const TCollectionForm& form, TByteSink& sink);
 
 }  // namespace NZANQSX20

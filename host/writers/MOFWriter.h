@@ -18,6 +18,6 @@ namespace NZANQSX20 {
 /// Throws:  TWriteError for what MOF has no form for: a real that is no number, a name that is no
 ///          MOF name, a qualifier with two types, undeclared values of several types; what the sink
 ///          throws.
-std::vector<std::string> WriteMOF(const TMemoryStore& store, TByteSink& sink);
+QSX_API std::vector<std::string> WriteMOF(const TMemoryStore& store, TByteSink& sink);
 
 }  // namespace NZANQSX20

@@ -4,12 +4,13 @@
 #include <string>
 #include <string_view>
 
-#include "readers/Decompression.h"
+#include "QSXExport.h"
+#include "readers/Compression.h"
 
 namespace NZANQSX20 {
 
 /// Where the bytes of a written collection go, from the first to the last.
-class TByteSink
+class QSX_API TByteSink
 {
 public:
    virtual ~TByteSink() = default;
@@ -22,7 +23,7 @@ public:
 };
 
 /// An open file, a pipe, a terminal. Owner: the descriptor stays the caller's.
-class TDescriptorBytes : public TByteSink
+class QSX_API TDescriptorBytes : public TByteSink
 {
 public:
    /// name is what an error tells.
@@ -36,7 +37,7 @@ private:
 };
 
 /// A text in memory. Owner: the text stays the caller's.
-class TTextBytes : public TByteSink
+class QSX_API TTextBytes : public TByteSink
 {
 public:
    explicit TTextBytes(std::string& text) : fText(text) {}
@@ -49,6 +50,6 @@ private:
 
 /// A sink that hands on what it is given compressed, or as it is for kNone.
 /// Owner: the sink below stays the caller's; Finish finishes it, too.
-std::unique_ptr<TByteSink> Compress(ECompression compression, TByteSink& below);
+QSX_API std::unique_ptr<TByteSink> Compress(ECompression compression, TByteSink& below);
 
 }  // namespace NZANQSX20

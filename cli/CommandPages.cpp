@@ -269,7 +269,7 @@ constexpr const char* kManualEnd =
    "|  2\n:  the command line is wrong\n"
    "|  3\n:  an input cannot be read; the message names file, line and column\n"
    "|  4\n:  the run failed, or the output cannot be written\n"
-   "|  5\n:  some of several collections failed\n\n";
+   "|  5\n:  some of several collections or reports failed\n\n";
 
 }  // namespace
 

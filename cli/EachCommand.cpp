@@ -7,14 +7,16 @@
 #include <filesystem>
 #include <set>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include <fmt/format.h>
 
 #include "Console.h"
-#include "EachIndex.h"
+#include "FleetIndex.h"
 #include "Options.h"
 #include "OutputFolder.h"
 #include "Workers.h"
@@ -23,7 +25,27 @@ namespace fs = std::filesystem;
 
 namespace {
 
+/// One collection of several.
+struct TEachReport
+{
+   /// The file or folder as it is called in the folder of the collections.
+   std::string fCollection;
+   /// The folder of its pages.
+   std::string fFolder;
+   /// The page in there that a reader begins with.
+   std::string fEntry;
+   /// Why there are no pages. Missing: empty where there are.
+   std::string fFailure;
+};
+
 constexpr const char* kIndexFile = "index.html";
+
+/// The index is a folder of pages; this file, beside the reports, leads there.
+constexpr const char* kDoor = R"(<!DOCTYPE html>
+<html lang="en"><head><meta charset="utf-8"><meta name="viewport" content="width=device-width">
+<meta http-equiv="refresh" content="0; url=fleet-index/index.html"><title>Machines</title></head>
+<body><p><a href="fleet-index/index.html">All machines</a></p></body></html>
+)";
 
 /// What names of collections end with; several may stand behind each other ("a.xml.gz").
 constexpr const char* kExtensions[] = {".gz", ".zst", ".xml", ".mof"};
@@ -66,7 +88,7 @@ std::vector<TEachReport> ListCollections(const TOptions& options)
       return a.fCollection < b.fCollection;
    });
 
-   std::set<std::string> taken = {kIndexFile};
+   std::set<std::string> taken = {kIndexFile, kFleetIndexFolder};
    for (TEachReport& report : reports) {
       const std::string folder = GetFolderName(report.fCollection);
       report.fFolder = folder;
@@ -143,11 +165,11 @@ std::string DescribeEnd(const TWorkerEnd& end)
    return text.empty() ? fmt::format("the run ended with exit code {}", end.fExitCode) : text;
 }
 
-void WriteIndex(const TOptions& options, const std::vector<TEachReport>& reports)
+void WriteDoor(const TOptions& options)
 {
    const std::string path = options.fOutput + '/' + kIndexFile;
    const std::string draft = path + ".new";
-   const std::string page = MakeEachIndex(options.fOutput, reports);
+   const std::string_view page = kDoor;
    std::FILE* const file = std::fopen(draft.c_str(), "wb");
    const bool isWritten =
       file != nullptr && std::fwrite(page.data(), 1, page.size(), file) == page.size();
@@ -155,6 +177,33 @@ void WriteIndex(const TOptions& options, const std::vector<TEachReport>& reports
    if (!isWritten || !isClosed || std::rename(draft.c_str(), path.c_str()) != 0)
       throw TCommandFailure(kExitRun,
                             fmt::format("{}: can't be written: {}", path, std::strerror(errno)));
+}
+
+/// A format without a manifest tells where its report is, and no more.
+void AddUntold(const TOptions& options, const TEachReport& report, TFleet& fleet)
+{
+   const fs::path folder = fs::path(options.fOutput) / report.fFolder;
+   const fs::path entry = report.fEntry;
+   std::error_code ignored;
+   if (fs::exists(folder / entry.parent_path() / "manifest.json", ignored) ||
+       !fs::exists(folder / entry, ignored))
+      return;
+   TFleetMachine& machine = fleet.fMachines.emplace_back();
+   machine.fPlace = report.fFolder;
+   machine.fEntry = report.fEntry;
+   machine.fName = report.fFolder;
+}
+
+void WriteIndex(const TOptions& options, const std::vector<TEachReport>& reports, TConsole& console)
+{
+   TFleet fleet = ReadFleetBelow(options.fOutput, console);
+   for (const TEachReport& report : reports)
+      if (report.fFailure.empty())
+         AddUntold(options, report, fleet);
+      else
+         fleet.fGaps.push_back({report.fCollection, report.fFailure});
+   WriteFleetIndex(options.fOutput, std::move(fleet), true);
+   WriteDoor(options);
 }
 
 std::size_t CountJobs(const TOptions& options)
@@ -191,7 +240,7 @@ EExitCode RunEachCommand(const TOptions& options, TConsole& console,
    };
    RunInWorkers(open.size(), CountJobs(options), run, onEnd);
 
-   WriteIndex(options, reports);
+   WriteIndex(options, reports, console);
    console.ClearProgress();
    if (failed > 0)
       console.Error(fmt::format("{} of {} collections have no pages", failed, reports.size()));

@@ -18,7 +18,8 @@ enum class ECommand
    kCheck,
    kConvert,
    kCollect,
-   kMask
+   kMask,
+   kFleetIndex
 };
 
 /// One --format: the format and the name behind its colon.
@@ -44,7 +45,7 @@ struct TMaskOptions
 struct TOptions
 {
    ECommand fCommand = ECommand::kReport;
-   /// compare: the base first.
+   /// compare: the base first. fleet-index: the one folder.
    std::vector<std::string> fCollections;
 
    /// report: the folder whose files and folders are a collection each, or empty.

@@ -43,21 +43,6 @@ std::string Join(const std::vector<std::string>& names)
    return text;
 }
 
-/// The time that SOURCE_DATE_EPOCH asks for, in UTC. Missing: empty where it asks for none, so that
-/// the same input gives the same pages at any time.
-std::string DescribeTime()
-{
-   const char* epoch = std::getenv("SOURCE_DATE_EPOCH");
-   const std::string_view text = epoch != nullptr ? epoch : "";
-   std::time_t time = 0;
-   const auto read = std::from_chars(text.data(), text.data() + text.size(), time);
-   std::tm parts = {};
-   if (text.empty() || read.ec != std::errc() || read.ptr != text.data() + text.size() ||
-       gmtime_r(&time, &parts) == nullptr)
-      return "";
-   return fmt::format("{:%Y-%m-%d %H:%M} UTC", parts);
-}
-
 /// Hands every core log line, of all levels, to the run.
 class TRunListener : public NZANQSX20::TLogger
 {
@@ -184,6 +169,19 @@ void TellEntry(const TOptions& options, const TFormatRunner& runner, TConsole& c
 }
 
 }  // namespace
+
+std::string DescribeTime()
+{
+   const char* epoch = std::getenv("SOURCE_DATE_EPOCH");
+   const std::string_view text = epoch != nullptr ? epoch : "";
+   std::time_t time = 0;
+   const auto read = std::from_chars(text.data(), text.data() + text.size(), time);
+   std::tm parts = {};
+   if (text.empty() || read.ec != std::errc() || read.ptr != text.data() + text.size() ||
+       gmtime_r(&time, &parts) == nullptr)
+      return "";
+   return fmt::format("{:%Y-%m-%d %H:%M} UTC", parts);
+}
 
 void WriteFormats(const TOptions& options, TConsole& console,
                   const std::function<TRunInFormat(TRunLog& log)>& read)

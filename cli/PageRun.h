@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 class IFormatRun;
 class TConsole;
@@ -8,6 +9,10 @@ class TRunLog;
 struct TFormat;
 struct TOptions;
 struct TWriterSettings;
+
+/// The time that SOURCE_DATE_EPOCH asks for, in UTC. Missing: empty where it asks for none, so that
+/// the same input gives the same pages at any time.
+std::string DescribeTime();
 
 /// Runs the library over the input that was read, in one format.
 using TRunInFormat = std::function<void(const TFormat& format, const TWriterSettings& settings)>;

@@ -17,6 +17,7 @@
 #include "Console.h"
 #include "ConvertCommand.h"
 #include "EachCommand.h"
+#include "FleetIndexCommand.h"
 #include "HypervisorCommand.h"
 #include "MaskCommand.h"
 #include "Options.h"
@@ -51,6 +52,8 @@ EExitCode RunCommand(const TOptions& options, TConsole& console)
          return RunCollectCommand(options, console);
       case ECommand::kMask:
          return RunMaskCommand(options, console);
+      case ECommand::kFleetIndex:
+         return RunFleetIndexCommand(options, console);
    }
    return kExitUsage;
 }

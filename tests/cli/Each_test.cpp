@@ -34,13 +34,14 @@ TEST_F(Each, OneBadCollectionCostsItsOwnPagesOnly)
 {
    const TResult result = Run("report --each all -o out --format trace --jobs 2");
    EXPECT_EQ(5, result.fExitCode);
-   EXPECT_EQ("a a~2 index.html many", List("out"));
+   EXPECT_EQ("a a~2 fleet-index index.html many", List("out"));
    EXPECT_THAT(result.fError, HasSubstr("error: b&c.mof: all/b&c.mof:1:7: expected"));
    EXPECT_THAT(result.fError, HasSubstr("1 of 4 collections have no pages"));
-   const std::string index = Read("out/index.html");
-   EXPECT_THAT(index, HasSubstr("<td>b&amp;c.mof</td><td>all/b&amp;c.mof:1:7: expected"));
-   EXPECT_THAT(index, HasSubstr("<a href=\"./a~2/trace.ndjson\">a.xml</a>"));
-   EXPECT_THAT(index, Not(HasSubstr("hidden")));
+   EXPECT_THAT(Read("out/index.html"), HasSubstr("url=fleet-index/index.html"));
+   const std::string index = Read("out/fleet-index/index.html");
+   EXPECT_THAT(index, HasSubstr("b&amp;c.mof</th><td>all/b&amp;c.mof:1:7: expected"));
+   EXPECT_THAT(index, HasSubstr("<a href=\"../a~2/trace.ndjson\"><bdi>a~2</bdi></a>"));
+   EXPECT_THAT(index, Not(HasSubstr(".hidden")));
 }
 
 TEST_F(Each, ResumesWhereItStopped)
@@ -52,7 +53,7 @@ TEST_F(Each, ResumesWhereItStopped)
    std::filesystem::remove_all(fFolder + "/out/many");
    Write("all/b&c.mof", kServer);
    EXPECT_EQ(0, Run(each + "--resume").fExitCode);
-   EXPECT_EQ("a a~2 b&c index.html many", List("out"));
+   EXPECT_EQ("a a~2 b&c fleet-index index.html many", List("out"));
    EXPECT_EQ("kept", Read("out/a/trace.ndjson"));
    EXPECT_EQ(0, Run(each + "--force").fExitCode);
    EXPECT_NE("kept", Read("out/a/trace.ndjson"));

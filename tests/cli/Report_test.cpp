@@ -5,6 +5,7 @@
 #include <set>
 
 #include "TToolRun.h"
+#include "formats/json/JsonSchema.h"
 
 namespace {
 
@@ -60,6 +61,7 @@ TEST_F(Report, TheManifestTellsTheVerdictAndIsTheSameEachTime)
          "\"corrections\": 1", "\"file\": \"a.mof\"", "\"xxh3\": \""})
       EXPECT_THAT(manifest, HasSubstr(text));
    EXPECT_THAT(manifest, Not(HasSubstr(fFolder))) << "no path of this machine";
+   EXPECT_EQ("", FindSchemaError(manifest, ReadSchema(QSX_MANIFEST_SCHEMA)));
 }
 
 /// The addresses within the folder that the pages link to.

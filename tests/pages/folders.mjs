@@ -1,7 +1,7 @@
 // The folders that the tests look at: the examples, and a machine made up of hostile texts and long tables.
 
 import { execFileSync } from "node:child_process";
-import { rmSync, mkdirSync, writeFileSync } from "node:fs";
+import { rmSync, mkdirSync, readFileSync, writeFileSync } from "node:fs";
 import { dirname, join } from "node:path";
 import { fileURLToPath } from "node:url";
 
@@ -41,6 +41,22 @@ instance of ZANSG_OperatingSystem { Name = "Linux"; OSType = 36; };
   return text;
 }
 
+/** Reports of more machines than one page holds, the last of them hostile. */
+function makeFleet(tool, folder, manifest) {
+  const machine = JSON.parse(readFileSync(manifest, "utf8"));
+  for (let number = 0; number < 260; ++number) {
+    const place = join(folder, `node${number}`);
+    mkdirSync(place, { recursive: true });
+    const isOdd = number === 259;
+    const facts = { ...machine.machine, name: isOdd ? kHostile : `node${number}`, product: isOdd ? "x".repeat(5000) : "Zander R1" };
+    const firmware = [{ name: "BIOS", version: number === 17 ? "1.1" : "1.2" }];
+    const verdict = number % 50 === 0 ? "failed" : "ok";
+    writeFileSync(join(place, "manifest.json"), JSON.stringify({ ...machine, machine: facts, firmware, verdict }));
+    writeFileSync(join(place, "index.html"), "<!DOCTYPE html><html lang=en><title>A machine</title></html>");
+  }
+  execFileSync(tool, ["fleet-index", folder, "--quiet"], { stdio: "inherit" });
+}
+
 export function makeFolders(tool, folder) {
   rmSync(folder, { recursive: true, force: true });
   mkdirSync(folder, { recursive: true });
@@ -57,4 +73,5 @@ export function makeFolders(tool, folder) {
   run("hypervisor", "hypervisor", join(examples, "esxi-host"));
   const [before, after] = ["before", "after"].map((name) => join(examples, "compare/one-server-two-times", `${name}.mof`));
   run("compare", "compare", before, after);
+  makeFleet(tool, join(folder, "fleet"), join(folder, "windows", "manifest.json"));
 }

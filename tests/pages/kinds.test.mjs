@@ -19,16 +19,17 @@ const kKinds = [
   "linux/index.html", "linux/timeline.html", "linux/corrections.html", "linux/rules.html", "linux/hw_info.html",
   "windows/index.html", "windows/drive_health.html", "windows/cadenzadevices.html", "long/processes.html",
   "compare/index.html", "compare/hw_info.html", "compare/firmware.html", "hypervisor/index.html",
+  "fleet/fleet-index/index.html", "fleet/fleet-index/firmware.html",
 ];
 
 /** These in dark and narrow, too: they have all colours between them. */
-const kInDark = ["linux/timeline.html", "windows/index.html", "windows/drive_health.html", "compare/firmware.html"];
+const kInDark = ["linux/timeline.html", "windows/index.html", "windows/drive_health.html", "compare/firmware.html", "fleet/fleet-index/index.html"];
 
 function listPages(name) {
   return readdirSync(join(folder, name)).filter((file) => file.endsWith(".html")).map((file) => `${name}/${file}`);
 }
 
-const pages = ["linux", "windows", "long", "compare", "hypervisor"].flatMap(listPages);
+const pages = ["linux", "windows", "long", "compare", "hypervisor", "fleet/fleet-index"].flatMap(listPages);
 const kinds = kKinds.filter((page) => pages.includes(page));
 let browser;
 

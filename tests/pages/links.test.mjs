@@ -19,7 +19,7 @@ function isThere({ places, long }, place) {
   return row !== null && Number(row[2]) <= (long.get(row[1]) ?? 0);
 }
 
-for (const name of ["linux", "windows", "long", "hypervisor", "compare"])
+for (const name of ["linux", "windows", "long", "hypervisor", "compare", "fleet/fleet-index"])
   test(`every link of ${name} leads somewhere`, () => {
     const pages = new Map();
     for (const file of readdirSync(join(folder, name)).filter((entry) => entry.endsWith(".html"))) {

@@ -14,6 +14,7 @@ import { formatCount } from "./table";
 
 const kTypingPause = 60;
 const kShortestQuery = 2;
+/** At least; few reports share all hits. */
 const kHitsOfReport = 4;
 const kMostHits = 40;
 const kLongestLine = 160;
@@ -235,11 +236,12 @@ async function findAll(files: RowFiles, needle: Needle, isStale: () => boolean):
     count: 0,
   }));
   let stepBegin = performance.now();
+  const hitsOfReport = Math.max(kHitsOfReport, Math.floor(kMostHits / reports.length));
   for (const table of files.tables.values()) {
     const report = reports[table.page];
     if (!report) continue;
     for (const segment of files.segments.get(getTableKey(table.page, table.table)) ?? []) {
-      scanSegment(segment, table, needle, report);
+      scanSegment(segment, table, needle, report, hitsOfReport);
       if (performance.now() - stepBegin < kLongestStep) continue;
       await new Promise((resolve) => setTimeout(resolve));
       if (isStale()) return [];
@@ -250,10 +252,16 @@ async function findAll(files: RowFiles, needle: Needle, isStale: () => boolean):
   return found.sort((a, b) => Number(b.isNamed) - Number(a.isNamed));
 }
 
-function scanSegment(segment: Segment, table: TableFacts, needle: Needle, report: ReportHits): void {
+function scanSegment(
+  segment: Segment,
+  table: TableFacts,
+  needle: Needle,
+  report: ReportHits,
+  mostHits: number,
+): void {
   needle.scan(segment, true, (index) => {
     ++report.count;
-    if (report.hits.length < kHitsOfReport)
+    if (report.hits.length < mostHits)
       report.hits.push({ table, row: segment.first + index, text: segment.getRow(index) });
   });
 }

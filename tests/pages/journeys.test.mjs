@@ -2,7 +2,7 @@
 
 import assert from "node:assert/strict";
 import { after, before, test } from "node:test";
-import { Browser } from "./browser.mjs";
+import { Browser, inChromium } from "./browser.mjs";
 import { kLongRows, kNeedle } from "./folders.mjs";
 
 const kFirst = "#t1 tbody tr:not(.spacer, [hidden]) > :nth-child";
@@ -64,7 +64,7 @@ test("a table is sorted by magnitude, then the other way, then as collected", as
   });
 });
 
-test("all findings of a subsystem can be seen, also without scripts", async () => {
+test("all findings of a subsystem can be seen, also without scripts", inChromium, async () => {
   await browser.with("windows/index.html", { javaScriptEnabled: false }, async (tab) => {
     const disks = tab.locator(".health tbody").first();
     const [, more] = /and (\d+) more/.exec(await disks.locator(".more").textContent());
@@ -194,7 +194,7 @@ test("everything can be reached by keyboard", async () => {
   });
 });
 
-test("without scripts every table can be read, and a long one leads to all of its rows", async () => {
+test("without scripts every table can be read, and a long one leads to all of its rows", inChromium, async () => {
   await browser.with("long/processes.html", { javaScriptEnabled: false }, async (tab) => {
     assert.equal(await readCount(tab), "2,000 of 5,000 rows");
     assert.equal(await tab.locator("#t1 tbody tr").count(), 2000);
@@ -206,7 +206,7 @@ test("without scripts every table can be read, and a long one leads to all of it
   });
 });
 
-test("a page prints without side bar and tools, a long table with its first rows", async () => {
+test("a page prints without side bar and tools, a long table with its first rows", inChromium, async () => {
   await browser.with("windows/drive_health.html", {}, async (tab) => {
     await tab.emulateMedia({ media: "print" });
     for (const gone of [".side", ".tools", ".anchor"])

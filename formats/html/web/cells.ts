@@ -102,20 +102,38 @@ export function appendContent(parent: Element, cell: Cell): void {
   if (cell.second) parent.append(makeElement("span", "raw", cell.second));
 }
 
-/** A cell of a row. look: the class of its column. */
-export function makeCell(cell: Cell, look: string): HTMLTableCellElement {
-  const element = document.createElement(cell.isHeader ? "th" : "td");
-  if (cell.isHeader) element.scope = "row";
+function getClasses(cell: Cell, look: string): string {
+  if (cell.isSame) return "same";
   const classes: string[] = [];
-  if (cell.isSame) classes.push("same");
-  else {
-    if (cell.isChanged) classes.push("changed");
-    if (cell.isMono) classes.push("mono");
-    else if (cell.kind === "score") classes.push("score");
-    else if (!cell.tellsState && (cell.state === "failed" || cell.state === "attention")) classes.push(`has-${cell.state}`);
-    else if (look) classes.push(look);
+  if (cell.isChanged) classes.push("changed");
+  if (cell.isMono) classes.push("mono");
+  else if (cell.kind === "score") classes.push("score");
+  else if (!cell.tellsState && (cell.state === "failed" || cell.state === "attention")) classes.push(`has-${cell.state}`);
+  else if (look) classes.push(look);
+  return classes.join(" ");
+}
+
+function isPlain(cell: Cell): boolean {
+  return cell.kind === "text" && cell.state === "" && cell.second === "";
+}
+
+/** Makes the cell at that place of a row, or turns the one that is there into it. look: the class of its column. */
+export function fillCell(row: HTMLTableRowElement, place: number, cell: Cell, look: string): void {
+  const wanted = cell.isHeader ? "TH" : "TD";
+  let element = row.cells[place];
+  if (element?.tagName !== wanted) {
+    const made = document.createElement(wanted) as HTMLTableCellElement;
+    if (cell.isHeader) made.scope = "row";
+    if (element) element.replaceWith(made);
+    else row.append(made);
+    element = made;
   }
-  if (classes.length > 0) element.className = classes.join(" ");
-  appendContent(element, cell);
-  return element;
+  const classes = getClasses(cell, look);
+  if (element.className !== classes) element.className = classes;
+  const [only, ...others] = element.childNodes;
+  if (!isPlain(cell)) {
+    element.replaceChildren();
+    appendContent(element, cell);
+  } else if (only instanceof Text && others.length === 0) only.data = cell.text;
+  else element.textContent = cell.text;
 }

@@ -2,7 +2,7 @@
 // would be memory that the browser gives back late.
 
 import type { Segment } from "./rows";
-import { kCellEndCode, kLastMark, kSecondCode } from "./rows";
+import { kCellEnd, kLastMark, kSecond } from "./rows";
 
 export class ColumnTexts {
   /** Places in the source of a row. */
@@ -58,26 +58,32 @@ export function makeColumn(texts: string[]): ColumnTexts {
 /** A row that is shorter has an empty text. */
 export function readColumn(segments: Segment[], number: number): ColumnTexts {
   const column = new ColumnTexts(segments.reduce((sum, segment) => sum + segment.count, 0));
-  for (const segment of segments) {
-    const { text, ends } = segment;
-    column.addSource(text);
-    for (let row = 0; row < ends.length; ++row)
-      addCell(column, text, segment.getBegin(row), ends[row]!, number);
-  }
+  for (const segment of segments) addSegment(column, segment, number);
   return column;
 }
 
-/** The text of a cell without the marks in front of it and the untranslated value behind it. */
-function addCell(column: ColumnTexts, text: string, begin: number, end: number, number: number): void {
-  let at = begin;
-  for (let before = 0; before < number && at <= end; ++at)
-    if (at === end) return column.add(end, end);
-    else if (text.charCodeAt(at) === kCellEndCode) ++before;
-  while (at < end && text.charCodeAt(at) <= kLastMark && text[at] !== "\t" && text[at] !== "\n") ++at;
-  let stop = at;
-  for (; stop < end; ++stop) {
-    const code = text.charCodeAt(stop);
-    if (code === kCellEndCode || code === kSecondCode) break;
+/** The texts of cells without the marks in front of them and the untranslated values behind them. */
+function addSegment(column: ColumnTexts, segment: Segment, number: number): void {
+  const { text, ends } = segment;
+  column.addSource(text);
+  let second = findFrom(text, kSecond, 0);
+  for (let row = 0; row < ends.length; ++row) {
+    const end = ends[row]!;
+    let at = segment.getBegin(row);
+    for (let before = 0; before < number && at <= end; ++before) at = findFrom(text, kCellEnd, at) + 1;
+    if (at > end) {
+      column.add(end, end);
+      continue;
+    }
+    while (at < end && text.charCodeAt(at) <= kLastMark && text[at] !== "\t" && text[at] !== "\n") ++at;
+    // Most tables have no second texts, so that the next one is looked for once.
+    if (second < at) second = findFrom(text, kSecond, at);
+    column.add(at, Math.min(end, second, findFrom(text, kCellEnd, at)));
   }
-  column.add(at, stop);
+}
+
+/** Missing: the end of the text. */
+function findFrom(text: string, character: string, begin: number): number {
+  const place = text.indexOf(character, begin);
+  return place < 0 ? text.length : place;
 }

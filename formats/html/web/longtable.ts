@@ -7,9 +7,10 @@ import {
   observeElementRect,
   Virtualizer,
 } from "@tanstack/virtual-core";
-import { appendContent, makeCell, withSecondText } from "./cells";
+import { appendContent, fillCell, withSecondText } from "./cells";
 import { type ColumnTexts, readColumn } from "./column";
 import { type Needle, parseRow, type RowSource, type Segment } from "./rows";
+import { RowWindow, type WindowPlace } from "./rowwindow";
 import type { TableBody } from "./table";
 
 /** Browsers cut elements that are higher. Units: pixels. */
@@ -39,9 +40,7 @@ export class LongBody implements TableBody {
   private virtualizer: Virtualizer<HTMLElement, HTMLElement> | null = null;
   private rowHeight = 0;
   private target = -1;
-  private readonly shown = new Map<number, HTMLTableRowElement>();
-  private readonly above = makeSpacer();
-  private readonly below = makeSpacer();
+  private readonly rows: RowWindow;
 
   constructor(
     private readonly section: HTMLElement,
@@ -53,6 +52,7 @@ export class LongBody implements TableBody {
     this.page = Number(section.dataset.page);
     this.rowCount = Number(section.dataset.rows);
     this.body = table.tBodies[0]!;
+    this.rows = new RowWindow(this.body, (element, row) => this.fillRow(element, row));
     this.box = table.closest<HTMLElement>(".scroll")!;
     this.note = section.querySelector(".table-note");
     const headers = [...table.querySelectorAll("thead th")];
@@ -107,7 +107,7 @@ export class LongBody implements TableBody {
   private begin(): void {
     this.section.classList.add("long");
     this.setWidths();
-    this.body.replaceChildren(this.above, this.below);
+    this.rows.begin();
     this.table.setAttribute("aria-rowcount", String(this.rowCount + 1));
     this.table.tHead?.rows[0]?.setAttribute("aria-rowindex", "1");
     this.tell("Choose a row to read it whole.");
@@ -117,7 +117,10 @@ export class LongBody implements TableBody {
     this.virtualizer._willUpdate();
     this.body.addEventListener("click", (event) => this.chooseRow(event));
     window.addEventListener("beforeprint", () => this.showOnPaper());
-    window.addEventListener("afterprint", () => this.render());
+    window.addEventListener("afterprint", () => {
+      this.rows.begin();
+      this.render();
+    });
   }
 
   private makeOptions() {
@@ -217,26 +220,22 @@ export class LongBody implements TableBody {
 
   private makeRow(row: number): HTMLTableRowElement {
     const element = document.createElement("tr");
-    element.id = `t${this.number}-r${row + 1}`;
-    if (row === this.target) element.className = "is-target";
-    if (this.hasRowNumbers) {
-      const cell = document.createElement("td");
-      cell.className = "n";
-      const link = document.createElement("a");
-      link.href = `#${element.id}`;
-      link.textContent = (row + 1).toLocaleString("en");
-      cell.append(link);
-      element.append(cell);
-    }
-    parseRow(this.getRawRow(row)).forEach((cell, column) => {
-      element.append(makeCell(cell, this.looks[column] ?? ""));
-    });
+    this.fillRow(element, row);
     return element;
+  }
+
+  /** The element may show another row of the table. */
+  private fillRow(element: HTMLTableRowElement, row: number): void {
+    element.id = `t${this.number}-r${row + 1}`;
+    if (this.hasRowNumbers) fillRowNumber(element, row);
+    const place = this.hasRowNumbers ? 1 : 0;
+    const cells = parseRow(this.getRawRow(row));
+    cells.forEach((cell, column) => fillCell(element, place + column, cell, this.looks[column] ?? ""));
+    while (element.cells.length > place + cells.length) element.deleteCell(-1);
   }
 
   show(order: Uint32Array): void {
     this.order = order;
-    this.shown.clear();
     if (!this.virtualizer) return;
     this.virtualizer.setOptions(this.makeOptions());
     this.virtualizer.measure();
@@ -245,41 +244,28 @@ export class LongBody implements TableBody {
     this.render();
   }
 
-  /** Which rows stand in the window, and how far from the first row of the table the first of them does. */
-  private getWindow(): { first: number; end: number; above: number } {
+  private getWindow(): WindowPlace {
     const { scrolledHeight, rowHeight } = this;
     const offset = this.virtualizer?.scrollOffset ?? 0;
     const top = Math.min(Math.floor(offset / scrolledHeight), Math.max(0, this.order.length - 1));
     const before = Math.min(kRowsBesideWindow, Math.floor((top * scrolledHeight) / rowHeight));
     const inWindow = Math.ceil(this.highestBox / rowHeight) + 1;
-    return {
-      first: top - before,
-      end: Math.min(this.order.length, top + inWindow + kRowsBesideWindow),
-      above: top * scrolledHeight - before * rowHeight,
-    };
+    const first = top - before;
+    const end = Math.min(this.order.length, top + inWindow + kRowsBesideWindow);
+    const heightAbove = top * scrolledHeight - before * rowHeight;
+    const all = this.virtualizer?.getTotalSize() ?? 0;
+    return { first, end, heightAbove, heightBelow: all - heightAbove - (end - first) * rowHeight };
   }
 
   private render(): void {
     if (!this.virtualizer) return;
-    const { first, end, above } = this.getWindow();
-    const elements: HTMLTableRowElement[] = [];
-    const wanted = new Set<number>();
-    for (let place = first; place < end; ++place) {
-      const row = this.order[place]!;
-      wanted.add(row);
-      let element = this.shown.get(row);
-      if (!element) {
-        element = this.makeRow(row);
-        this.shown.set(row, element);
-      }
-      element.setAttribute("aria-rowindex", String(place + 2));
-      elements.push(element);
-    }
-    for (const row of this.shown.keys()) if (!wanted.has(row)) this.shown.delete(row);
-    const all = this.virtualizer.getTotalSize();
-    setHeight(this.above, above);
-    setHeight(this.below, all - above - elements.length * this.rowHeight);
-    this.body.replaceChildren(this.above, ...elements, this.below);
+    this.rows.show(this.order, this.getWindow());
+    this.markTarget();
+  }
+
+  private markTarget(): void {
+    for (const element of this.body.rows)
+      element.classList.toggle("is-target", element.id === `t${this.number}-r${this.target + 1}`);
   }
 
   /** Paper has no window: as many rows as a page without scripts has. */
@@ -301,14 +287,13 @@ export class LongBody implements TableBody {
     const place = this.order.indexOf(row);
     this.target = row;
     if (!this.isInWindow(place)) this.virtualizer.scrollToIndex(place, { align: "center" });
-    this.shown.clear();
     this.box.scrollIntoView({ block: "nearest" });
     this.render();
     this.showDetail(row);
   }
 
   private isInWindow(place: number): boolean {
-    const element = this.shown.get(this.order[place]!);
+    const element = this.rows.get(place);
     if (!element) return false;
     const row = element.getBoundingClientRect();
     const box = this.box.getBoundingClientRect();
@@ -363,15 +348,11 @@ function shrinkToFit(wished: number[], room: number): number[] {
   return wished;
 }
 
-function makeSpacer(): HTMLTableRowElement {
-  const row = document.createElement("tr");
-  row.className = "spacer";
-  row.ariaHidden = "true";
-  row.append(document.createElement("td"));
-  return row;
-}
-
-function setHeight(row: HTMLTableRowElement, height: number): void {
-  row.hidden = height <= 0;
-  row.style.height = `${Math.max(0, height)}px`;
+function fillRowNumber(element: HTMLTableRowElement, row: number): void {
+  const number = element.cells[0] ?? element.insertCell();
+  number.className = "n";
+  const link = number.querySelector("a") ?? document.createElement("a");
+  link.href = `#${element.id}`;
+  link.textContent = (row + 1).toLocaleString("en");
+  if (!link.parentNode) number.append(link);
 }

@@ -106,17 +106,36 @@ function isOfMagnitudes(column: ColumnTexts): boolean {
   return numbers * 2 > filled;
 }
 
-/** The upper half of a number's bits, then the lower one. */
+const kKeys = 2 ** 32;
+
+/** How far whole numbers are from the least of them; where that is too far, or they are not whole, the upper half of
+    a number's bits, then the lower one. */
 class MagnitudeKeys implements KeySource {
   private readonly magnitudes: Float64Array;
   private readonly halves: Uint32Array;
-  private readonly isUpperRead: Uint8Array;
+  /** By row: whether its first key was read. */
+  private readonly isBegun: Uint8Array;
+  private readonly least: number;
+  private readonly areClose: boolean;
 
   constructor(column: ColumnTexts) {
     this.magnitudes = new Float64Array(column.length);
-    for (let row = 0; row < column.length; ++row) this.magnitudes[row] = getMagnitude(column.getText(row)) + 0;
+    this.isBegun = new Uint8Array(column.length);
+    let least = Infinity;
+    let most = -Infinity;
+    let areWhole = true;
+    for (let row = 0; row < column.length; ++row) {
+      // No number is below zero by its sign alone.
+      const magnitude = getMagnitude(column.getText(row)) + 0;
+      this.magnitudes[row] = magnitude;
+      if (Number.isNaN(magnitude)) continue;
+      least = Math.min(least, magnitude);
+      most = Math.max(most, magnitude);
+      areWhole &&= Number.isInteger(magnitude);
+    }
     this.halves = new Uint32Array(this.magnitudes.buffer);
-    this.isUpperRead = new Uint8Array(column.length);
+    this.least = least;
+    this.areClose = areWhole && most - least < kKeys;
   }
 
   isNumber(row: number): boolean {
@@ -125,15 +144,16 @@ class MagnitudeKeys implements KeySource {
 
   /** Bits of numbers below zero count backwards, and stand before the others. */
   readKey(row: number): number {
+    if (this.areClose) return this.magnitudes[row]! - this.least;
     const upper = this.halves[2 * row + 1]!;
     const isNegative = upper >= 0x80000000;
-    const half = this.isUpperRead[row] ? this.halves[2 * row]! : isNegative ? upper : upper ^ 0x80000000;
-    this.isUpperRead[row]! += 1;
+    const half = this.isBegun[row] ? this.halves[2 * row]! : isNegative ? upper : upper ^ 0x80000000;
+    this.isBegun[row]! += 1;
     return (isNegative ? ~half : half) >>> 0;
   }
 
   hasMore(row: number): boolean {
-    return this.isUpperRead[row] === 1;
+    return !this.areClose && this.isBegun[row] === 1;
   }
 }
 

@@ -2,10 +2,8 @@
 // Each is a classic script, as browsers read nothing else from beside a file.
 
 const kRowEnd = "\x1e";
-const kCellEnd = "\x1f";
-const kSecond = "\x1d";
-export const kCellEndCode = 0x1f;
-export const kSecondCode = 0x1d;
+export const kCellEnd = "\x1f";
+export const kSecond = "\x1d";
 
 export type State = "" | "ok" | "unknown" | "attention" | "failed";
 /** A row is a link to a row of another table; the script makes it. */

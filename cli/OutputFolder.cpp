@@ -64,6 +64,7 @@ TOutputFolder::TOutputFolder(const std::string& target, bool force,
    CheckParent(parent);
    CheckTarget(force);
    CheckInputs(inputs);
+   fMode = GetFolderMode();
 }
 
 TOutputFolder::~TOutputFolder()
@@ -169,7 +170,7 @@ std::string TOutputFolder::GetWorkFolder(const std::string& subfolder)
 void TOutputFolder::Publish()
 {
    const auto hold = fCleanup->Hold();
-   if (chmod(fStaging.c_str(), GetFolderMode()) != 0)
+   if (chmod(fStaging.c_str(), fMode) != 0)
       Fail("can't be given its mode", errno);
    if (!fTargetExists) {
       // A folder that came meanwhile is not replaced unless it is empty.

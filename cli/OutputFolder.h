@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -61,6 +63,8 @@ private:
    std::string fPlace;
    bool fTargetExists = false;
    std::string fStaging;
+   /// That the published folder gets.
+   mode_t fMode = 0;
    /// The folders above the target that were missing, from the top; a failed run takes them away.
    std::vector<std::string> fMadeParents;
    std::unique_ptr<TInterruptCleanup> fCleanup;

@@ -272,6 +272,8 @@ TEST_F(Qsxreport, GivesTheFolderTheModeOfTheUser)
    using std::filesystem::perms;
    EXPECT_EQ(perms::owner_all | perms::group_read | perms::group_exec,
              std::filesystem::status(fFolder + "/out").permissions());
+   EXPECT_EQ(perms::owner_read | perms::owner_write | perms::group_read,
+             std::filesystem::status(fFolder + "/out/trace.ndjson").permissions());
 }
 
 TEST_F(Qsxreport, KeepsTheTraceOfAFailedRun)

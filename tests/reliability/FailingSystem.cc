@@ -2,9 +2,9 @@
 //
 // QSX_FAIL_CALL   which of them, counted from 1; without it the calls are counted and the number is
 //                 written to QSX_FAIL_COUNT, a file
-// QSX_FAIL_WITH   a number: the errno. "short": a write takes half of its bytes. "kill": the
-// process
-//                 is killed ahead of the call. "killed": after it.
+// QSX_FAIL_WITH   a number: the errno. "short": a write takes half of its bytes. "interrupt": a read
+//                 or write does nothing because of a signal; of those from there on, every second
+//                 one. "kill": the process is killed ahead of the call. "killed": after it.
 // QSX_FAIL_ONWARD all calls from there on
 
 #include <dlfcn.h>
@@ -54,12 +54,36 @@ bool Wants(const char* wish)
 /// Whether the call is to fail; errno is then set.
 bool Fails()
 {
-   if (!IsDue() || Wants("short") || Wants("killed"))
+   if (!IsDue() || Wants("short") || Wants("interrupt") || Wants("killed"))
       return false;
    if (Wants("kill"))
       raise(SIGKILL);
    errno = atoi(GetWish("QSX_FAIL_WITH"));
    return true;
+}
+
+/// Whether the read or write is to fail; errno is then set.
+bool FailsTransfer()
+{
+   const long calls = gCalls;
+   if (Fails())
+      return true;
+   if (!Wants("interrupt"))
+      return false;
+   const long wanted = atol(GetWish("QSX_FAIL_CALL"));
+   const bool isDue = *GetWish("QSX_FAIL_ONWARD") ? gCalls >= wanted && (calls - wanted) % 2 != 0
+                                                  : gCalls == wanted;
+   if (isDue)
+      errno = EINTR;
+   return isDue;
+}
+
+/// A short write takes these.
+size_t Shorten(size_t count)
+{
+   const long wanted = atol(GetWish("QSX_FAIL_CALL"));
+   const bool isDue = gCalls == wanted || (*GetWish("QSX_FAIL_ONWARD") && gCalls > wanted);
+   return isDue && Wants("short") ? (count + 1) / 2 : count;
 }
 
 bool IsOutput(int descriptor)
@@ -91,7 +115,7 @@ struct TCount
       const char* path = getenv("QSX_FAIL_COUNT");
       if (path == nullptr)
          return;
-      if (FILE* file = fopen(path, "w")) {
+      if (FILE* file = GetNext<FILE*(const char*, const char*)>("fopen")(path, "w")) {
          fprintf(file, "%ld\n", gCalls);
          GetNext<int(FILE*)>("fclose")(file);
       }
@@ -127,15 +151,28 @@ ssize_t write(int descriptor, const void* bytes, size_t count)
    static const auto next = GetNext<ssize_t(int, const void*, size_t)>("write");
    if (!IsOutput(descriptor))
       return next(descriptor, bytes, count);
-   if (Fails())
+   if (FailsTransfer())
       return -1;
+   count = Shorten(count);
    const bool isDue = gCalls == atol(GetWish("QSX_FAIL_CALL"));
-   if (isDue && Wants("short"))
-      count = (count + 1) / 2;
    const ssize_t written = next(descriptor, bytes, isDue && Wants("killed") ? count / 2 : count);
    if (isDue && Wants("killed"))
       raise(SIGKILL);
    return written;
+}
+
+/// What was written is read back.
+ssize_t pread(int descriptor, void* bytes, size_t count, off_t offset)
+{
+   static const auto next = GetNext<ssize_t(int, void*, size_t, off_t)>("pread");
+   if (!IsOutput(descriptor))
+      return next(descriptor, bytes, count, offset);
+   return FailsTransfer() ? -1 : next(descriptor, bytes, Shorten(count), offset);
+}
+
+ssize_t pread64(int descriptor, void* bytes, size_t count, off64_t offset)
+{
+   return pread(descriptor, bytes, count, offset);
 }
 
 int close(int descriptor)
@@ -149,6 +186,17 @@ int close(int descriptor)
    const int result = next(descriptor);
    errno = fails ? error : errno;
    return fails ? -1 : result;
+}
+
+FILE* fopen(const char* path, const char* mode)
+{
+   static const auto next = GetNext<FILE*(const char*, const char*)>("fopen");
+   return strpbrk(mode, "wa+") != nullptr && Fails() ? nullptr : next(path, mode);
+}
+
+FILE* fopen64(const char* path, const char* mode)
+{
+   return fopen(path, mode);
 }
 
 int fflush(FILE* file)
@@ -183,6 +231,23 @@ char* mkdtemp(char* path)
 {
    static const auto next = GetNext<char*(char*)>("mkdtemp");
    return Fails() ? nullptr : next(path);
+}
+
+int mkostemp(char* path, int flags)
+{
+   static const auto next = GetNext<int(char*, int)>("mkostemp");
+   return OpenNoted(O_RDWR, [&] { return next(path, flags); });
+}
+
+int mkostemp64(char* path, int flags)
+{
+   return mkostemp(path, flags);
+}
+
+int fchmod(int descriptor, mode_t mode)
+{
+   static const auto next = GetNext<int(int, mode_t)>("fchmod");
+   return Fails() ? -1 : next(descriptor, mode);
 }
 
 int chmod(const char* path, mode_t mode)

@@ -23,6 +23,13 @@ function(qsx_sources out)
   set(${out} ${files} PARENT_SCOPE)
 endfunction()
 
+# qsx_alone(file...): files whose local names others in their folder have, too. The sanitizers' build compiles several
+# files as one, to be done in time, and takes these by themselves; where it tells of a name that is there twice, the
+# file belongs here.
+function(qsx_alone)
+  set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+endfunction()
+
 # qsx_layer(name dir...): a static library of all sources below the folders.
 function(qsx_layer name)
   qsx_sources(files ${ARGN})

@@ -5,6 +5,7 @@ hostile_pages.py TOOL EXAMPLES ROUNDS [RUN...]: a round gives every text another
 both are read by an HTML5 parser: their trees are to be equal, and the text is to be the payload.
 """
 
+import functools
 import json
 import os
 import pathlib
@@ -13,12 +14,14 @@ import shutil
 import subprocess
 import sys
 import tempfile
+from xml.sax.saxutils import escape
 
 import html5lib
 
 PAYLOADS = pathlib.Path(__file__).with_name("payloads.json")
 TEXT = re.compile(r'"((?:[^"\\\n]|\\.)*)"')
 NOT_LOADED = re.compile(r"^(https?:|//|data:|javascript:)", re.I)
+XML_TEXT = re.compile(r"[\t\n\r\x20-\ud7ff\ue000-\ufffd\U00010000-\U0010ffff]*")
 failures = []
 
 
@@ -26,6 +29,7 @@ def fail(text):
     failures.append(text)
 
 
+@functools.lru_cache
 def read_payloads():
     return json.loads(PAYLOADS.read_text(encoding="utf-8"))
 
@@ -80,6 +84,28 @@ def quote_path(text):
     return text.replace("\\", "\\\\").replace('"', '\\"')
 
 
+def write_names(words, value):
+    """Classes, properties, qualifiers and methods that are called as the payloads, in CIM-XML, which takes any name."""
+    lines = []
+    for number, word in enumerate(words):
+        if not XML_TEXT.fullmatch(read_payloads()[number]):
+            continue
+        name = escape(word, {'"': "&quot;", "\t": "&#9;", "\n": "&#10;", "\r": "&#13;"})
+        owner, attribute = f"C{number:03}{name}", f"P{number:03}{name}"
+        lines.append(
+            f'<VALUE.OBJECT><CLASS NAME="{owner}" SUPERCLASS="ZANSG_Process">'
+            f'<QUALIFIER NAME="Q{name}" TYPE="string"><VALUE>q</VALUE></QUALIFIER>'
+            f'<PROPERTY NAME="{attribute}" TYPE="string"><QUALIFIER NAME="Q{name}" TYPE="string">'
+            f'<VALUE>q</VALUE></QUALIFIER></PROPERTY>'
+            f'<METHOD NAME="M{name}" TYPE="uint32"/></CLASS></VALUE.OBJECT>'
+            f'<VALUE.OBJECT><INSTANCE CLASSNAME="{owner}">'
+            f'<PROPERTY NAME="Handle" TYPE="string"><VALUE>9{number:04}</VALUE></PROPERTY>'
+            f'<PROPERTY NAME="{attribute}" TYPE="string"><VALUE>{value}</VALUE></PROPERTY>'
+            f'</INSTANCE></VALUE.OBJECT>')
+    return ("<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\"><DECLARATION><DECLGROUP>" + "\n".join(lines) +
+            "</DECLGROUP></DECLARATION></CIM>")
+
+
 def run(tool, command, sources, folder, suffixes):
     inputs = []
     for source in sources:
@@ -89,6 +115,8 @@ def run(tool, command, sources, folder, suffixes):
         for file in files:
             text = pathlib.Path(file).read_text(encoding="utf-8")
             (target / pathlib.Path(file).name).write_text(suffixes.in_mof(text), encoding="utf-8")
+        # Another value in each of the systems that are compared.
+        (target / "names.xml").write_text(write_names(suffixes.words, target.name), encoding="utf-8")
         inputs.append(str(target))
     done = subprocess.run([tool, *command, *inputs, "-q", "-o", str(folder / "out")],
                           capture_output=True, text=True)

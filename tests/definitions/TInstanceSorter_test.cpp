@@ -90,6 +90,17 @@ TEST(TInstanceSorter, ComparesTextInThreeWays)
    }
 }
 
+TEST(TInstanceSorter, OffersItsFormsOfText)
+{
+   std::string text = "aZ 9\xE4";
+   EXPECT_EQ("AZ 9\xE4", TInstanceSorter::uppercaseString(text));
+   EXPECT_EQ("AZ 9\xE4", text);
+   std::vector<int> numbers = {7};
+   text = "slot 10, port 02";
+   TInstanceSorter::TokenizeEmbeddedNumeric(text, numbers);
+   EXPECT_THAT(numbers, ElementsAre(7, 10, 2));
+}
+
 TEST(TInstanceSorter, TheFirstValueDecidesWhetherTextIsCompared)
 {
    const TCIMValue nine(static_cast<unsigned short>(9));

@@ -158,6 +158,10 @@ TEST(CIMXMLReader, NamesPlaceAndExpectation)
        "a.xml:3:74: expected one value, found a second one"},
       {instance + "<PROPERTY NAME='P' TYPE='uint8'></INSTANCE>",
        "a.xml:3:58: expected the end of 'PROPERTY', found that of 'INSTANCE'"},
+      {instance +
+          "<PROPERTY.REFERENCE NAME='R'><VALUE.REFERENCE><CLASSNAME NAME='C'/>"
+          "</VALUE.REFERENCE></PROPERTY.REFERENCE></INSTANCE></VALUE.OBJECT></DECLARATION></CIM>",
+       "expected a reference (an alias or an object path), found the text 'C'"},
       {instance, "a.xml:3:26: expected more XML, found the end of the file"},
       {"<CIM>\n\xFF</CIM>", "a.xml:2:1: expected UTF-8, found the byte 0xFF"},
       {"<!DOCTYPE CIM [<!ENTITY a 'aaaa'>]><CIM>&a;</CIM>",

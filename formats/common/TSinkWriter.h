@@ -88,22 +88,26 @@ protected:
    ~TSinkWriter() = default;
 
 private:
-   void WriteLogReport(const TReportParameters& params);
-   void WriteLogTable(TReportClass reportClass, const TInstances& instances);
-   void WriteLabel(const std::string& label, const TReportProperty& property);
    void WriteSameItems();
+   std::string ReadLabel(const std::string& className, const std::string& property);
+
+   // SinkWriterCells.cpp
+   void WriteLabel(const std::string& label, const TReportProperty& property);
    void WriteValue(const std::string& text, const std::string& untranslated, bool isMonospaced,
                    ESeverity severity = ESeverity::kNotTold);
+   std::string ReadText(const boost::shared_ptr<ICIMInstance>& instance,
+                        const TReportProperty& property);
+   std::string ReadLines(const boost::shared_ptr<ICIMInstance>& instance,
+                         const TReportProperty& property);
+
+   // SinkWriterLogs.cpp
+   void WriteLogReport(const TReportParameters& params);
+   void WriteLogTable(TReportClass reportClass, const TInstances& instances);
    std::optional<TLogColumns> CompleteLog(const TLogTable& log, std::optional<TLogColumns> columns);
    void TakeLogColumns();
    bool HasProperty(const std::string& className, const std::string& property);
    ESeverity ReadSeverity(const boost::shared_ptr<ICIMInstance>& record,
                           const TReportProperty& property);
-   std::string ReadLabel(const std::string& className, const std::string& property);
-   std::string ReadText(const boost::shared_ptr<ICIMInstance>& instance,
-                        const TReportProperty& property);
-   std::string ReadLines(const boost::shared_ptr<ICIMInstance>& instance,
-                         const TReportProperty& property);
 
    std::unique_ptr<TReportSink> fSink;
    const std::vector<std::string> fComparedFiles;

@@ -59,7 +59,7 @@ std::string ReadDigest(const std::string& path)
    return fmt::format("{:016x}", XXH3_64bits_digest(state.get()));
 }
 
-constexpr TPlainBytes kPlainBytes = MakePlainBytes("");
+constexpr TPlainBytes kPlainBytes("");
 
 struct TSafeText
 {

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr TPlainBytes kPlain = MakePlainBytes("&<>\"'");
+constexpr TPlainBytes kPlain("&<>\"'");
 
 constexpr std::string_view GetEscape(char c)
 {

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr TPlainBytes kPlain = MakePlainBytes("\"\\\n");
+constexpr TPlainBytes kPlain("\"\\\n");
 
 std::string_view GetEscape(char c)
 {

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr TPlainBytes kPlain = MakePlainBytes("\t\n");
+constexpr TPlainBytes kPlain("\t\n");
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 std::string_view GetEscape(char c)
@@ -74,7 +74,7 @@ std::uint64_t WriteTextFile(const std::string& path, std::string_view text)
 {
    TOutputFile file(path);
    file.Write(kByteOrderMark);
-   WriteSafeText(file, text, MakePlainBytes(""), [](char) { return std::string_view(); });
+   WriteSafeText(file, text, TPlainBytes(""), [](char) { return std::string_view(); });
    file.Close();
    return file.GetSize();
 }

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr TPlainBytes kPlain = MakePlainBytes("\t");
+constexpr TPlainBytes kPlain("\t");
 
 std::string_view GetEscape(char c)
 {

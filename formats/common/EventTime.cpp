@@ -5,7 +5,9 @@
 #include <cstring>
 #include <ctime>
 
+#include <fmt/compile.h>
 #include <fmt/format.h>
+#include <boost/date_time/gregorian/greg_calendar.hpp>
 
 namespace {
 
@@ -58,6 +60,17 @@ bool IsInCalendar(const std::tm& time)
           time.tm_sec <= 60;
 }
 
+/// Seconds since 1970 of a time that is in the calendar.
+std::int64_t CountSeconds(const std::tm& time)
+{
+   using TCalendar = boost::gregorian::gregorian_calendar;
+   constexpr std::int64_t kDayOf1970 = 2440588;
+   const auto part = [](int number) { return static_cast<unsigned short>(number); };
+   const std::int64_t day =
+      TCalendar::day_number({part(time.tm_year + 1900), part(time.tm_mon + 1), part(time.tm_mday)});
+   return ((day - kDayOf1970) * 24 + time.tm_hour) * 3600 + time.tm_min * 60 + time.tm_sec;
+}
+
 bool ReadCanonical(std::string_view text, std::tm& time)
 {
    if (text.size() != kCanonicalShape.size())
@@ -105,7 +118,7 @@ std::optional<TEventTime> ReadForm(const char* text, const char* form)
    TEventTime read;
    if (tail == nullptr || !ReadTail(tail, read.fUtcOffset) || !IsInCalendar(time))
       return std::nullopt;
-   read.fSeconds = timegm(&time);
+   read.fSeconds = CountSeconds(time);
    return read;
 }
 
@@ -117,7 +130,7 @@ std::optional<TEventTime> ReadEventTime(std::string_view text)
       text.remove_suffix(1);
    std::tm time = {};
    if (ReadCanonical(text, time))
-      return IsInCalendar(time) ? std::make_optional(TEventTime{timegm(&time), std::nullopt})
+      return IsInCalendar(time) ? std::make_optional(TEventTime{CountSeconds(time), std::nullopt})
                                 : std::nullopt;
    if (text.empty() || text.size() > kLongestText)
       return std::nullopt;
@@ -133,9 +146,10 @@ std::string MakeEventTimeText(std::int64_t seconds, bool hasSeconds)
    const std::time_t count = seconds;
    std::tm time = {};
    gmtime_r(&count, &time);
-   const std::string text = fmt::format("{:04}-{:02}-{:02} {:02}:{:02}", time.tm_year + 1900,
-                                        time.tm_mon + 1, time.tm_mday, time.tm_hour, time.tm_min);
-   return hasSeconds ? fmt::format("{}:{:02}", text, time.tm_sec) : text;
+   const std::string text =
+      fmt::format(FMT_COMPILE("{:04}-{:02}-{:02} {:02}:{:02}"), time.tm_year + 1900,
+                  time.tm_mon + 1, time.tm_mday, time.tm_hour, time.tm_min);
+   return hasSeconds ? fmt::format(FMT_COMPILE("{}:{:02}"), text, time.tm_sec) : text;
 }
 
 std::string MakeUtcOffsetText(short minutes)

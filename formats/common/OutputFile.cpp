@@ -83,6 +83,11 @@ void TOutputFile::CopyFrom(TOutputFile& other, std::uint64_t offset, std::uint64
 
 void TOutputFile::ReadBack(std::uint64_t offset, char* bytes, std::size_t count)
 {
+   // What is still in the buffer needs no way through the file.
+   if (offset >= fFlushed && offset + count <= GetSize()) {
+      std::memcpy(bytes, fBuffer.get() + (offset - fFlushed), count);
+      return;
+   }
    Flush();
    while (count > 0) {
       const std::size_t got = ReadAt(offset, bytes, count);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include <fmt/compile.h>
 #include <fmt/format.h>
 
 namespace {
@@ -90,8 +91,8 @@ private:
          const bool isZoneUnknown = isDated && !event.fIsZoneKnown && fEvents.GetUtcOffset();
          const unsigned flags = static_cast<unsigned>(event.fSeverity) |
                                 (isZoneUnknown ? kZoneUnknown : 0u) | (isDated ? 0u : kNoDate);
-         fmt::format_to(fmt::appender(text), "{}{},{},{},{}", place == first ? "" : ",",
-                        event.fTable, event.fRow,
+         fmt::format_to(fmt::appender(text), FMT_COMPILE("{}{},{},{},{}"),
+                        place == first ? "" : ",", event.fTable, event.fRow,
                         isDated && hasNext ? event.fSeconds - fEvents.Get(place + 1).fSeconds : 0,
                         flags);
       }

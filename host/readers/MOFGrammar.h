@@ -5,6 +5,8 @@
 
 #include <tao/pegtl.hpp>
 
+#include "readers/SkipPlainText.h"
+
 /// The Managed Object Format as DSP0004 2.x writes it. Nothing in it nests, so no rule calls
 /// itself.
 ///
@@ -38,11 +40,6 @@ constexpr bool IsBlank(unsigned char byte)
 constexpr bool IsLineByte(unsigned char byte)
 {
    return byte != '\n';
-}
-
-constexpr bool IsTextByte(unsigned char byte)
-{
-   return byte != '"' && byte != '\\';
 }
 
 constexpr bool IsCharacterByte(unsigned char byte)
@@ -83,6 +80,23 @@ struct TRun
       ++end;
       while (end != in.end() && Test(static_cast<unsigned char>(*end)))
          ++end;
+      in.bump(static_cast<std::size_t>(end - in.current()));
+      return true;
+   }
+};
+
+/// What stands for itself in a text.
+struct TTextRun
+{
+   using rule_t = TTextRun;
+   using subs_t = peg::empty_list;
+
+   template <typename ParseInput>
+   static bool match(ParseInput& in)
+   {
+      const char* const end = FindQuoteOrBackslash(in.current(), in.end());
+      if (end == in.current())
+         return false;
       in.bump(static_cast<std::size_t>(end - in.current()));
       return true;
    }
@@ -136,7 +150,7 @@ struct TExpectEscape : peg::sor<peg::one<'b', 't', 'n', 'f', 'r', '"', '\'', '\\
                                 peg::seq<peg::one<'x', 'X'>, peg::xdigit, peg::rep_opt<3, peg::xdigit>>> {};
 struct TEscape : peg::seq<peg::one<'\\'>, peg::must<TExpectEscape>> {};
 
-struct TTextContent : peg::star<peg::sor<TRun<IsTextByte, IsTextByte>, TEscape>> {};
+struct TTextContent : peg::star<peg::sor<TTextRun, TEscape>> {};
 struct TOpenQuote : peg::one<'"'> {};
 struct TExpectCloseQuote : peg::one<'"'> {};
 struct TTextPart : peg::seq<TOpenQuote, TTextContent, peg::must<TExpectCloseQuote>> {};

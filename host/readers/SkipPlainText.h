@@ -38,4 +38,22 @@ inline const char* SkipPlainText(const char* cursor)
 #endif
 }
 
+/// The first quote or backslash, or the end.
+inline const char* FindQuoteOrBackslash(const char* cursor, const char* end)
+{
+#ifdef __SSE2__
+   for (; end - cursor >= kTextStep; cursor += kTextStep) {
+      const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(cursor));
+      const __m128i isFound = _mm_or_si128(_mm_cmpeq_epi8(bytes, _mm_set1_epi8('"')),
+                                           _mm_cmpeq_epi8(bytes, _mm_set1_epi8('\\')));
+      const int found = _mm_movemask_epi8(isFound);
+      if (found != 0)
+         return cursor + __builtin_ctz(static_cast<unsigned>(found));
+   }
+#endif
+   while (cursor < end && *cursor != '"' && *cursor != '\\')
+      ++cursor;
+   return cursor;
+}
+
 }  // namespace NZANQSX20

@@ -177,7 +177,10 @@ bool TCIMDateTime::Parse(const std::string& text, TCIMDateTime& result)
 
 std::string TCIMDateTime::GetDigits() const
 {
-   std::string text(kAllDigits, '0');
+   std::string text;
+   // ToString puts more behind.
+   text.reserve(kLength);
+   text.resize(kAllDigits);
    char* const digits = text.data();
    if (fIsInterval) {
       PutDigits(fDay, 8, digits);
@@ -246,8 +249,18 @@ std::int64_t TCIMDateTime::GetMicroseconds() const
 
 bool TCIMDateTime::operator<(const TCIMDateTime& other) const
 {
-   return std::make_tuple(fIsInterval, GetMicroseconds()) <
-          std::make_tuple(other.fIsInterval, other.GetMicroseconds());
+   // Sorts compare what lies close: within a month of one clock the number of the day tells enough.
+   const bool isSameMonth = fYear == other.fYear && fMonth == other.fMonth &&
+                            fUtcOffset == other.fUtcOffset && !fIsInterval && !other.fIsInterval;
+   if (!isSameMonth)
+      return std::make_tuple(fIsInterval, GetMicroseconds()) <
+             std::make_tuple(other.fIsInterval, other.GetMicroseconds());
+   const auto getMicroseconds = [](const TCIMDateTime& time) {
+      const unsigned int hours = time.fDay % 100 * 24 + time.fHours;
+      const std::int64_t seconds = std::int64_t{hours} * 3600 + time.fMinutes * 60 + time.fSeconds;
+      return seconds * 1000000 + time.fMicroseconds;
+   };
+   return getMicroseconds(*this) < getMicroseconds(other);
 }
 
 bool TCIMDateTime::operator==(const TCIMDateTime& other) const

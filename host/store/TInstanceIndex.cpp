@@ -76,9 +76,9 @@ void TInstanceIndex::ClearReferrers()
 
 void TInstanceIndex::NeedPaths()
 {
-   if (fSchemaVersion != fSchema.GetVersion()) {
+   if (fKeyVersion != fSchema.GetKeyVersion()) {
       Clear();
-      fSchemaVersion = fSchema.GetVersion();
+      fKeyVersion = fSchema.GetKeyVersion();
    }
    if (fHasPaths)
       return;

@@ -95,7 +95,7 @@ private:
    void ClearReferrers();
 
    const TSchema& fSchema;
-   unsigned fSchemaVersion = 0;
+   unsigned fKeyVersion = 0;
 
    bool fHasPaths = false;
    std::vector<TPathEntry> fPaths;

@@ -6,6 +6,7 @@ namespace NZANQSX20 {
 
 EDeclared TSchema::Declare(TClassDecl declaration)
 {
+   const bool isKnown = Find(declaration.fName) != nullptr;
    TStoredClass& declared = FindOrAdd(declaration.fName);
    const bool isReplaceable =
       declared.fIsPlaceholder || (declared.fIsImplied && !declaration.fIsImplied);
@@ -34,6 +35,7 @@ EDeclared TSchema::Declare(TClassDecl declaration)
          declared.fOwnProperties.push_back(&stored);
    }
    ++fVersion;
+   fKeyVersion += isKnown ? 1 : 0;
    return EDeclared::kNew;
 }
 

@@ -51,8 +51,9 @@ public:
    /// The superclasses that no declaration has named so far; a reader warns of them at the end.
    std::vector<const TStoredClass*> GetPlaceholders() const;
 
-   /// Another number after each declaration that was taken.
-   unsigned GetVersion() const { return fVersion; }
+   /// Another number after each declaration that may change the keys of instances: of a class that
+   /// was known before. One that nobody named has neither instances nor subclasses.
+   unsigned GetKeyVersion() const { return fKeyVersion; }
 
    /// The class and all below it: itself, then each subclass in order of declaration, depth first.
    static std::vector<const TStoredClass*> GetWithSubclasses(const TStoredClass& top);
@@ -72,6 +73,7 @@ private:
    std::unordered_map<std::string_view, TStoredClass*> fByName;
    /// Classes work out their inherited properties anew after each declaration.
    unsigned fVersion = 1;
+   unsigned fKeyVersion = 1;
 };
 
 }  // namespace NZANQSX20

@@ -95,10 +95,18 @@ TSlot TStoredClass::AddSlot(std::string_view name) const
 bool TStoredClass::FindSlot(std::string_view name, TSlot& slot) const
 {
    GetLayout();
-   const auto known = fSlotsByName.find(name);
-   if (known == fSlotsByName.end())
-      return false;
-   slot = known->second;
+   const bool isGuessed = fLastFound < fFoundAfter.size();
+   const TSlot guess = isGuessed ? fFoundAfter[fLastFound] : 0;
+   if (!isGuessed || name != *fSlotNames[guess]) {
+      const auto known = fSlotsByName.find(name);
+      if (known == fSlotsByName.end())
+         return false;
+      slot = known->second;
+      fFoundAfter.resize(fSlotNames.size());
+      fFoundAfter[fLastFound] = slot;
+   } else
+      slot = guess;
+   fLastFound = slot;
    return true;
 }
 

@@ -161,6 +161,11 @@ private:
    mutable TLayout fLayout;
    mutable std::vector<const std::string*> fSlotNames;
    mutable std::unordered_map<std::string_view, TSlot> fSlotsByName;
+
+   // A report asks for the same names again and again, in the same order: the slot found last, and
+   // which one was found after each slot the last time.
+   mutable TSlot fLastFound = 0;
+   mutable std::vector<TSlot> fFoundAfter;
 };
 
 }  // namespace NZANQSX20

@@ -32,14 +32,7 @@ public:
       fRows = std::make_shared<TCollectedRows>();
    }
 
-   void WriteRows(const TTableRows& rows) override
-   {
-      for (std::size_t r = 0; r < rows.GetRowCount(); ++r) {
-         fRows->BeginRow();
-         for (std::size_t c = 0; c < rows.GetCellCount(r); ++c)
-            fRows->AddCell(rows.GetCell(r, c));
-      }
-   }
+   void WriteRows(const TTableRows& rows) override { fRows->Append(rows); }
 
    void EndTable() override
    {

@@ -21,6 +21,16 @@ void TCollectedRows::AddCell(const TCell& cell)
    fCells.push_back(stored);
 }
 
+void TCollectedRows::Append(const TTableRows& rows)
+{
+   for (std::size_t row = 0; row < rows.GetRowCount(); ++row) {
+      BeginRow();
+      const std::size_t cells = rows.GetCellCount(row);
+      for (std::size_t column = 0; column < cells; ++column)
+         AddCell(rows.GetCell(row, column));
+   }
+}
+
 void TCollectedRows::DropRow()
 {
    fCells.resize(fRowStarts.back());

@@ -96,6 +96,9 @@ public:
    /// Copies the texts of the cell.
    void AddCell(const TCell& cell);
 
+   /// Copies all rows.
+   void Append(const TTableRows& rows);
+
    /// Takes the last row away again.
    void DropRow();
 

@@ -21,6 +21,8 @@ namespace {
 /// Findings told one by one.
 constexpr std::size_t kMostWorst = 5;
 constexpr std::size_t kBlock = std::size_t{1} << 16;
+/// Units: bytes. A smaller file is read again sooner than a thread is made.
+constexpr std::uint64_t kWorthAThread = 1'000'000;
 
 using TJson = rapidjson::PrettyWriter<rapidjson::StringBuffer>;
 
@@ -204,9 +206,10 @@ private:
       for (const TInputFile& input : inputs) {
          fJson.StartObject();
          AddText("file", input.fName);
-         if (!input.fDigest.empty()) {
+         const std::string digest = input.fDigest.valid() ? input.fDigest.get() : "";
+         if (!digest.empty()) {
             AddNumber("bytes", input.fBytes);
-            AddText("xxh3", input.fDigest);
+            AddText("xxh3", digest);
          }
          fJson.EndObject();
       }
@@ -231,7 +234,11 @@ std::vector<TInputFile> DescribeInputs(const NZANQSX20::TCollection& collection)
       if (!isFile)
          continue;
       input.fBytes = std::filesystem::file_size(file.fName, error);
-      input.fDigest = ReadDigest(file.fName);
+      // Both: where the system has no thread left, the digest waits until it is asked for.
+      const std::launch policy = input.fBytes < kWorthAThread
+                                    ? std::launch::deferred
+                                    : std::launch::async | std::launch::deferred;
+      input.fDigest = std::async(policy, ReadDigest, file.fName).share();
    }
    return inputs;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <future>
 #include <string>
 #include <vector>
 
@@ -16,8 +17,9 @@ struct TInputFile
    /// Without its folder.
    std::string fName;
    std::uint64_t fBytes = 0;
-   /// XXH3 of 64 bits over the bytes of the file, in hexadecimal digits.
-   std::string fDigest;
+   /// XXH3 of 64 bits over the bytes of the file, in hexadecimal digits: that of a large file is
+   /// worked out beside the run. Missing: the empty text for a file that can't be read again.
+   std::shared_future<std::string> fDigest;
 };
 
 /// Throws: nothing; a file that can't be read again has no digest.

@@ -139,8 +139,13 @@ bool TEventLog::TSeenRecords::Take(std::uint64_t hash)
 {
    if (!fAdded.empty())
       Sort();
-   const auto found = std::lower_bound(fCounts.begin(), fCounts.end(), std::make_pair(hash, 0u));
-   if (found == fCounts.end() || found->first != hash || found->second == 0)
+   if (fCounts.empty())
+      return false;
+   const std::size_t run = GetRun(hash);
+   const auto begin = fCounts.begin() + fRuns[run];
+   const auto end = fCounts.begin() + fRuns[run + 1];
+   const auto found = std::lower_bound(begin, end, std::make_pair(hash, 0u));
+   if (found == end || found->first != hash || found->second == 0)
       return false;
    --found->second;
    return true;
@@ -159,6 +164,17 @@ void TEventLog::TSeenRecords::Sort()
       else
          fCounts[kept++] = fCounts[i];
    fCounts.resize(kept);
+   FindRuns();
+}
+
+void TEventLog::TSeenRecords::FindRuns()
+{
+   while (std::size_t{1} << fRunBits < fCounts.size())
+      ++fRunBits;
+   fRuns.assign((std::size_t{1} << fRunBits) + 1, 0);
+   for (const auto& [hash, count] : fCounts)
+      ++fRuns[GetRun(hash) + 1];
+   std::partial_sum(fRuns.begin(), fRuns.end(), fRuns.begin());
 }
 
 void TEventLog::Finish()
@@ -235,10 +251,15 @@ void TEventLog::ChooseClock()
 
 void TEventLog::Sort()
 {
-   std::reverse(fOrder.begin(), fOrder.end());
-   std::stable_sort(fOrder.begin(), fOrder.end(), [this](std::uint32_t a, std::uint32_t b) {
-      return fEvents[a].fSeconds > fEvents[b].fSeconds;
-   });
+   // The times lie beside the numbers while they are sorted: each comparison would wait for memory.
+   std::vector<std::pair<std::int64_t, std::uint32_t>> times;
+   times.reserve(fOrder.size());
+   for (auto at = fOrder.rbegin(); at != fOrder.rend(); ++at)
+      times.emplace_back(fEvents[*at].fSeconds, *at);
+   std::stable_sort(times.begin(), times.end(),
+                    [](const auto& a, const auto& b) { return a.first > b.first; });
+   std::transform(times.begin(), times.end(), fOrder.begin(),
+                  [](const auto& time) { return time.second; });
    // Those without a date have the least number of all; among them the logs begin at the top.
    const auto undated = std::find_if(fOrder.begin(), fOrder.end(), [this](std::uint32_t at) {
       return fEvents[at].fSeconds == TEvent::kUndated;

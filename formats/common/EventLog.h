@@ -139,9 +139,17 @@ private:
 
    private:
       void Sort();
+      void FindRuns();
+
+      std::size_t GetRun(std::uint64_t hash) const { return hash >> (64 - fRunBits); }
 
       std::vector<std::uint64_t> fAdded;
+      /// By hash.
       std::vector<std::pair<std::uint64_t, std::uint32_t>> fCounts;
+      /// Where the hashes begin that have the same first bits, and the end: a search among all
+      /// would wait for memory at each step.
+      std::vector<std::uint32_t> fRuns;
+      unsigned fRunBits = 1;
    };
 
    void AddRow(const TTableRows& rows, std::size_t row);

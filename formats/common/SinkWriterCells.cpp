@@ -7,6 +7,7 @@
 
 #include "common/ByteDump.h"
 #include "common/TSinkWriter.h"
+#include "writer/InstanceAccess.h"
 
 namespace {
 
@@ -91,12 +92,13 @@ void TSinkWriter::WriteHeaderCell(boost::shared_ptr<ICIMClass> cimClass, TReport
 
 void TSinkWriter::WriteValueCell(boost::shared_ptr<ICIMInstance> instance, TReportProperty property)
 {
-   TProperties properties =
-      GetProperties(instance, property.GetProperty(), property.GetAssociationClass(),
-                    property.GetAssociationTarget());
+   TProperties& properties = fCellProperties;
+   properties.clear();
+   AddProperties(instance, property.GetProperty(), property.GetAssociationClass(),
+                 property.GetAssociationTarget(), properties);
    if (properties.empty() && property.HasSecondaryAssociationTarget())
-      properties = GetProperties(instance, property.GetProperty(), "",
-                                 property.GetSecondaryAssociationTarget());
+      AddProperties(instance, property.GetProperty(), "", property.GetSecondaryAssociationTarget(),
+                    properties);
    const std::string separator = GetArrayValueSeparatorText(property.GetArrayValueSeparator());
    const std::string untranslated =
       MayHaveRawForm(properties) ? fValueText.Make(properties, separator, true) : "";

@@ -120,6 +120,8 @@ private:
    };
    /// Kept from cell to cell, so that a column of date-times looks its qualifier up once.
    TValueText fValueText = MakeValueText(*this, TValueText::kQualifierOptional);
+   /// Of the cell in work; kept so that a cell needs no new vector.
+   TProperties fCellProperties;
 
    /// The last title that is no sub-title.
    std::string fTableTitle;

@@ -14,6 +14,7 @@
 
 #include "common/OutputFile.h"
 #include "common/SafeText.h"
+#include "common/StateName.h"
 #include "readers/CollectionLoader.h"
 
 namespace {
@@ -26,20 +27,11 @@ constexpr std::uint64_t kWorthAThread = 1'000'000;
 
 using TJson = rapidjson::PrettyWriter<rapidjson::StringBuffer>;
 
-const char* GetStateName(EState state)
+/// What no rule knows is unknown to other programs, too.
+const char* DescribeState(EState state)
 {
-   switch (state) {
-      case EState::kFailed:
-         return "failed";
-      case EState::kAttention:
-         return "attention";
-      case EState::kOk:
-         return "ok";
-      case EState::kUnknown:
-      case EState::kNone:
-         break;
-   }
-   return "unknown";
+   const char* const name = GetStateName(state);
+   return name != nullptr ? name : GetStateName(EState::kUnknown);
 }
 
 std::string ReadDigest(const std::string& path)
@@ -132,7 +124,7 @@ private:
 
    void WriteHealth(const THealth& health)
    {
-      AddText("verdict", GetStateName(health.GetVerdict()));
+      AddText("verdict", DescribeState(health.GetVerdict()));
       TSubsystemHealth all;
       for (const TSubsystemHealth& subsystem : health.fSubsystems) {
          all.fFailed += subsystem.fFailed;
@@ -148,7 +140,7 @@ private:
       for (const ESubsystem subsystem : health.GetOrder()) {
          fJson.StartObject();
          AddText("name", GetSubsystemName(subsystem));
-         AddText("state", GetStateName(health.Get(subsystem).fState));
+         AddText("state", DescribeState(health.Get(subsystem).fState));
          WriteCounts(health.Get(subsystem));
          fJson.EndObject();
       }
@@ -178,7 +170,7 @@ private:
                ++told;
                fJson.StartObject();
                AddText("subsystem", GetSubsystemName(subsystem));
-               AddText("state", GetStateName(state));
+               AddText("state", DescribeState(state));
                AddText("text", finding.fText);
                AddText("source", finding.fSource);
                fJson.EndObject();

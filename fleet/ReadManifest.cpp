@@ -13,6 +13,8 @@
 #include <rapidjson/document.h>
 #include <rapidjson/error/en.h>
 
+#include "common/StateName.h"
+
 namespace {
 
 using TValue = rapidjson::Value;
@@ -111,10 +113,8 @@ std::uint64_t GetCount(const TValue& object, const char* name)
 EState GetState(const TValue& object, const char* name)
 {
    const std::string text = GetText(object, name);
-   for (const auto& [word, state] : {std::pair<const char*, EState>{"failed", EState::kFailed},
-                                     {"attention", EState::kAttention},
-                                     {"ok", EState::kOk}})
-      if (text == word)
+   for (const EState state : {EState::kFailed, EState::kAttention, EState::kOk})
+      if (text == GetStateName(state))
          return state;
    return EState::kUnknown;
 }

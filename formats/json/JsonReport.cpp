@@ -2,54 +2,32 @@
 
 #include <utility>
 
+#include "common/StateName.h"
+
 namespace {
 
 constexpr const char* kIndexFile = "index.json";
 
-/// Missing: null for a cell that tells no state.
-const char* GetStateName(EState state)
-{
-   switch (state) {
-      case EState::kOk:
-         return "ok";
-      case EState::kUnknown:
-         return "unknown";
-      case EState::kAttention:
-         return "attention";
-      case EState::kFailed:
-         return "failed";
-      case EState::kNone:
-         break;
-   }
-   return nullptr;
-}
-
 }  // namespace
 
 TJsonReport::TJsonReport(TDocumentOptions options, std::string oneFileName)
-   : fOptions(std::move(options)), fOneFileName(std::move(oneFileName))
+   : TDocumentReport(std::move(options), std::move(oneFileName), ".json")
 {}
 
 // Documents.
 
 void TJsonReport::BeginRun(const std::string& outputDirectory, const TRunFacts& facts)
 {
-   fOutputDirectory = outputDirectory;
-   fFacts = facts;
-   fHealth.reset();
+   TDocumentReport::BeginRun(outputDirectory, facts);
    fPages.clear();
-   fNames = TPageNames();
-   for (const char* name : {"index", "manifest", "report"})
-      fNames.Reserve(name);
-   fFile.reset();
-   if (fOptions.fIsOneFile)
-      fFile.emplace(outputDirectory + '/' + fOneFileName);
+   if (IsOneFile())
+      fFile.emplace(GetPath(""));
 }
 
 void TJsonReport::BeginDocument(const std::string& file, const char* format)
 {
-   if (!fOptions.fIsOneFile)
-      fFile.emplace(fOutputDirectory + '/' + file);
+   if (!IsOneFile())
+      fFile.emplace(GetPath(file));
    fDocument.emplace(*fFile);
    fDocument->Member("format", format);
    fDocument->Member("version", std::uint64_t{kVersion});
@@ -59,7 +37,7 @@ void TJsonReport::EndDocument()
 {
    fDocument->End();
    fDocument.reset();
-   if (fOptions.fIsOneFile)
+   if (IsOneFile())
       return;
    fFile->Close();
    fFile.reset();
@@ -68,13 +46,8 @@ void TJsonReport::EndDocument()
 /// In one file a document is a line.
 void TJsonReport::BreakLine()
 {
-   if (!fOptions.fIsOneFile)
+   if (!IsOneFile())
       fDocument->BreakLine();
-}
-
-void TJsonReport::TakeOutcome(const TRunOutcome& outcome)
-{
-   fHealth = outcome.fHealth;
 }
 
 void TJsonReport::EndRun(const TReportIndex& index)
@@ -98,7 +71,7 @@ void TJsonReport::EndRun(const TReportIndex& index)
 
 void TJsonReport::BeginPage(const std::string& linkName)
 {
-   fPages.push_back({linkName, fNames.Assign(linkName) + ".json"});
+   fPages.push_back({linkName, AssignFile(linkName)});
    BeginDocument(fPages.back().fFile, "qsxreport-page");
    fDocument->Member("file", fPages.back().fFile);
    fDocument->Member("linkName", linkName);

@@ -4,15 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "common/DocumentOptions.h"
-#include "common/PageNames.h"
-#include "common/ReportSink.h"
+#include "common/DocumentReport.h"
 #include "json/JsonDocument.h"
 
 /// The report of a run as JSON documents: one per page, and the index.
 ///
 /// Shape: everything is written as it comes; memory holds the names of the pages.
-class TJsonReport final : public TReportSink
+class TJsonReport final : public TDocumentReport
 {
 public:
    /// The number that a change of the documents' form raises.
@@ -23,7 +21,6 @@ public:
    void BeginRun(const std::string& outputDirectory, const TRunFacts& facts) override;
    void BeginPage(const std::string& linkName) override;
    void EndPage() override;
-   void TakeOutcome(const TRunOutcome& outcome) override;
    void EndRun(const TReportIndex& index) override;
 
    bool WantsSameItems() const override { return true; }
@@ -51,13 +48,6 @@ private:
    void WritePages(const TReportIndex& index);
    void WriteFileOf(const char* name, std::size_t page);
 
-   const TDocumentOptions fOptions;
-   const std::string fOneFileName;
-   std::string fOutputDirectory;
-   TRunFacts fFacts;
-   std::optional<THealth> fHealth;
-   TPageNames fNames;
-
    struct TPage
    {
       std::string fLinkName;
@@ -65,6 +55,5 @@ private:
    };
 
    std::vector<TPage> fPages;
-   std::optional<TOutputFile> fFile;
    std::optional<TJsonDocument> fDocument;
 };

@@ -12,28 +12,23 @@ constexpr const char* kIndexFile = "index.txt";
 }  // namespace
 
 TTextReport::TTextReport(TDocumentOptions options, std::string oneFileName)
-   : fOptions(std::move(options)), fOneFileName(std::move(oneFileName))
+   : TDocumentReport(std::move(options), std::move(oneFileName), ".txt")
 {}
 
 void TTextReport::BeginRun(const std::string& outputDirectory, const TRunFacts& facts)
 {
-   fOutputDirectory = outputDirectory;
-   fFacts = facts;
-   fHealth.reset();
+   TDocumentReport::BeginRun(outputDirectory, facts);
    fPages.clear();
-   fNames = TPageNames();
-   for (const char* name : {"index", "manifest", "report"})
-      fNames.Reserve(name);
-   fFile.reset();
-   if (fOptions.fIsOneFile)
+   // The index goes ahead, and is known last.
+   if (IsOneFile())
       fFile.emplace(TOutputFile::MakeTemporary(outputDirectory));
 }
 
 void TTextReport::BeginPage(const std::string& linkName)
 {
-   fPages.push_back({fNames.Assign(linkName) + ".txt"});
-   if (!fOptions.fIsOneFile)
-      fFile.emplace(fOutputDirectory + '/' + fPages.back().fFile);
+   fPages.push_back({AssignFile(linkName)});
+   if (!IsOneFile())
+      fFile.emplace(GetPath(fPages.back().fFile));
    fPages.back().fStart = fFile->GetSize();
    fHasTitle = false;
 }
@@ -41,26 +36,21 @@ void TTextReport::BeginPage(const std::string& linkName)
 void TTextReport::EndPage()
 {
    fPages.back().fLength = fFile->GetSize() - fPages.back().fStart;
-   if (fOptions.fIsOneFile)
+   if (IsOneFile())
       return;
    fFile->Close();
    fFile.reset();
 }
 
-void TTextReport::TakeOutcome(const TRunOutcome& outcome)
-{
-   fHealth = outcome.fHealth;
-}
-
 void TTextReport::EndRun(const TReportIndex& index)
 {
    TTextIndex front{fOptions, fFacts, fHealth ? &*fHealth : nullptr, index, {}};
-   if (!fOptions.fIsOneFile)
+   if (!IsOneFile())
       for (const TPage& page : fPages)
          front.fFiles.push_back(page.fFile);
-   TOutputFile file(fOutputDirectory + '/' + (fOptions.fIsOneFile ? fOneFileName : kIndexFile));
+   TOutputFile file(GetPath(kIndexFile));
    WriteTextIndex(file, front);
-   if (fOptions.fIsOneFile)
+   if (IsOneFile())
       CopyPages(file, index);
    file.Close();
    fFile.reset();

@@ -4,17 +4,14 @@
 #include <string>
 #include <vector>
 
-#include "common/DocumentOptions.h"
-#include "common/OutputFile.h"
-#include "common/PageNames.h"
-#include "common/ReportSink.h"
+#include "common/DocumentReport.h"
 #include "text/TextTable.h"
 
 /// The report of a run as plain text: a file per page and the index, or all in one file with the
 /// index ahead.
 ///
 /// Shape: pages are written as they come; memory holds their names.
-class TTextReport final : public TReportSink
+class TTextReport final : public TDocumentReport
 {
 public:
    TTextReport(TDocumentOptions options, std::string oneFileName);
@@ -22,7 +19,6 @@ public:
    void BeginRun(const std::string& outputDirectory, const TRunFacts& facts) override;
    void BeginPage(const std::string& linkName) override;
    void EndPage() override;
-   void TakeOutcome(const TRunOutcome& outcome) override;
    void EndRun(const TReportIndex& index) override;
 
    void WriteReportTitle(const std::string& title, const std::string& linkText,
@@ -44,14 +40,7 @@ private:
 
    void CopyPages(TOutputFile& file, const TReportIndex& index);
 
-   const TDocumentOptions fOptions;
-   const std::string fOneFileName;
-   std::string fOutputDirectory;
-   TRunFacts fFacts;
-   std::optional<THealth> fHealth;
-   TPageNames fNames;
    std::vector<TPage> fPages;
-   std::optional<TOutputFile> fFile;
    std::optional<TTextTable> fTable;
    bool fHasTitle = false;
 };

@@ -19,7 +19,7 @@ public:
 
    static constexpr TNumber kNone = std::numeric_limits<TNumber>::max();
    /// What comes behind these is counted and not compared.
-   static constexpr std::size_t kMostLevels = 200'000;
+   static constexpr std::size_t kMostLevels = 50'000;
    /// Of an outlier so many machines are known by number.
    static constexpr std::size_t kMostExamples = 4;
 

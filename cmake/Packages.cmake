@@ -20,7 +20,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/src ${PROJ
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libqsxreport${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libqsxreport${QSX_ABI})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/triggers)
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION
@@ -32,7 +32,7 @@ host is a store in memory, with readers for MOF and CIM-XML.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libqsxreport-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
-  "libqsxreport${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}-1), libboost-dev")
+  "libqsxreport${QSX_ABI} (= ${PROJECT_VERSION}-1), libboost-dev")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
 "reports from collected CIM data - development files
 Headers, static libraries, and package files for CMake and pkg-config, to
@@ -71,5 +71,13 @@ install(FILES ${PROJECT_SOURCE_DIR}/packaging/debian/libqsxreport.lintian-overri
 install(FILES ${PROJECT_SOURCE_DIR}/packaging/debian/qsxreport.lintian-overrides
   DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME ${CPACK_DEBIAN_TOOL_PACKAGE_NAME}
   COMPONENT Tool)
+
+# What the documents call the examples.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/embedding/
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME}/examples COMPONENT Development)
+install(FILES ${PROJECT_SOURCE_DIR}/docs/embedding.md
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME} COMPONENT Development)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/fleet DESTINATION
+  ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_TOOL_PACKAGE_NAME}/examples USE_SOURCE_PERMISSIONS COMPONENT Tool)
 
 include(CPack)

@@ -46,5 +46,5 @@ function(qsx_library name output)
     CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
   add_library(${name}_shared SHARED $<TARGET_OBJECTS:${name}>)
   set_target_properties(${name}_shared PROPERTIES OUTPUT_NAME ${output} EXPORT_NAME ${output}
-    LINKER_LANGUAGE CXX VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+    LINKER_LANGUAGE CXX VERSION ${PROJECT_VERSION} SOVERSION ${QSX_ABI})
 endfunction()

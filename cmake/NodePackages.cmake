@@ -8,7 +8,7 @@ find_program(QSX_NPM npm REQUIRED)
 function(qsx_node_packages out folder)
   set(stamp ${folder}/node_modules/.package-lock.json)
   add_custom_command(OUTPUT ${stamp}
-    COMMAND ${QSX_NPM} ci --ignore-scripts --no-audit --no-fund --loglevel=error --silent
+    COMMAND ${QSX_NPM} ci --ignore-scripts --no-audit --no-fund --loglevel=error
     COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
     DEPENDS ${folder}/package.json ${folder}/package-lock.json
     WORKING_DIRECTORY ${folder}

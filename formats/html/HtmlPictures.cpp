@@ -12,6 +12,8 @@
 
 namespace {
 
+constexpr std::size_t kShownVolumes = 12;
+constexpr std::size_t kShownSensors = 12;
 constexpr std::size_t kShownDrives = 4;
 constexpr std::size_t kShownAttributes = 3;
 constexpr std::size_t kShownHours = 48;
@@ -64,6 +66,17 @@ void WriteUse(THtmlSink& out, const TUse& use)
    out << "</td></tr>\n"_html;
 }
 
+/// All of them as they are, or so many of the fullest.
+std::vector<TUse> FindFullest(std::vector<TUse> volumes)
+{
+   if (volumes.size() <= kShownVolumes)
+      return volumes;
+   std::stable_sort(volumes.begin(), volumes.end(),
+                    [](const TUse& a, const TUse& b) { return a.fPercent > b.fPercent; });
+   volumes.resize(kShownVolumes);
+   return volumes;
+}
+
 void WriteUseFigure(THtmlSink& out, const THtmlSite& site, const THealthPictures& pictures)
 {
    if (pictures.fMemory.empty() && pictures.fVolumes.empty())
@@ -74,12 +87,11 @@ void WriteUseFigure(THtmlSink& out, const THtmlSite& site, const THealthPictures
                hasVolumes ? "Volumes"_html : "Memory"_html);
    for (const TUse& use : pictures.fMemory)
       WriteUse(out, use);
-   for (const TUse& use : pictures.fVolumes)
+   for (const TUse& use : FindFullest(pictures.fVolumes))
       WriteUse(out, use);
    out << "</tbody>\n</table>\n<p class=\"legend\">The mark stands where attention begins."_html;
-   if (pictures.fFurtherVolumes > 0)
-      out << " "_html << TText{MakeCountText(pictures.fFurtherVolumes, "further volume")}
-          << " not shown."_html;
+   if (pictures.fVolumes.size() > kShownVolumes)
+      out << " The fullest of "_html << TCount{pictures.fVolumes.size()} << " volumes."_html;
    out << "</p>\n</figure>\n"_html;
 }
 
@@ -169,19 +181,37 @@ void WriteSensor(THtmlSink& out, const TSensorReading& sensor)
    out << TText{sensor.fText} << "</td></tr>\n"_html;
 }
 
+/// Those beyond a limit first, otherwise as they were collected.
+std::vector<const TSensorReading*> FindMostUrgent(const std::vector<TSensorReading>& sensors)
+{
+   std::vector<const TSensorReading*> urgent;
+   for (const TSensorReading& sensor : sensors)
+      urgent.push_back(&sensor);
+   std::stable_sort(
+      urgent.begin(), urgent.end(),
+      [](const TSensorReading* a, const TSensorReading* b) { return a->fState > b->fState; });
+   urgent.resize(std::min(urgent.size(), kShownSensors));
+   return urgent;
+}
+
 void WriteSensorFigure(THtmlSink& out, const THtmlSite& site, const THealthPictures& pictures)
 {
    if (pictures.fSensors.empty())
       return;
-   BeginFigure(out, site, "Sensors within their range"_html, pictures.fSensors.front().fPlace,
+   BeginFigure(out, site, "Sensors and their limits"_html, pictures.fSensors.front().fPlace,
                "All readings"_html);
-   for (const TSensorReading& sensor : pictures.fSensors)
-      WriteSensor(out, sensor);
+   const std::vector<const TSensorReading*> shown = FindMostUrgent(pictures.fSensors);
+   for (const TSensorReading* sensor : shown)
+      WriteSensor(out, *sensor);
    out << "</tbody>\n</table>\n<p class=\"legend\">Band: normal. Thin mark: warning limit. Long "
           "mark: "
           "critical limit."_html;
-   if (pictures.fFurtherSensors > 0)
-      out << " "_html << TText{MakeCountText(pictures.fFurtherSensors, "reading")}
+   if (pictures.fSensors.size() > shown.size())
+      out << " Not shown: "_html
+          << TText{MakeCountText(pictures.fSensors.size() - shown.size(), "further reading")}
+          << "."_html;
+   if (pictures.fSensorsWithoutLimits > 0)
+      out << " "_html << TText{MakeCountText(pictures.fSensorsWithoutLimits, "reading")}
           << " without limits not shown."_html;
    out << "</p>\n</figure>\n"_html;
 }

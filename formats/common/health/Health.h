@@ -135,20 +135,18 @@ struct TDrive
    TPagePlace fPlace;
 };
 
-/// What is worth a picture. Each list is bounded.
+/// What is worth a picture. Each list is bounded: no machine has more, unless somebody made it up.
 struct THealthPictures
 {
-   static constexpr std::size_t kMostVolumes = 24;
-   static constexpr std::size_t kMostSensors = 48;
-   static constexpr std::size_t kMostDrives = 48;
+   static constexpr std::size_t kMostVolumes = 1000;
+   static constexpr std::size_t kMostSensors = 1000;
+   static constexpr std::size_t kMostDrives = 1000;
 
    /// Memory first, then swap, then the volumes.
    std::vector<TUse> fMemory;
    std::vector<TUse> fVolumes;
-   std::uint64_t fFurtherVolumes = 0;
    std::vector<TSensorReading> fSensors;
-   /// Sensors without limits, or beyond the bound.
-   std::uint64_t fFurtherSensors = 0;
+   std::uint64_t fSensorsWithoutLimits = 0;
    std::vector<TDrive> fDrives;
 };
 

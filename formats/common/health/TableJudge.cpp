@@ -215,10 +215,8 @@ void TTableJudge::JudgeUsedSpace(const TValue& value, TMarks& marks)
       value, state,
       [&] { return fmt::format("is {:.0f}{}% full", std::floor(percent), kHardSpace); }, marks);
    THealthPictures& pictures = fLedger.GetPictures();
-   if (pictures.fVolumes.size() >= THealthPictures::kMostVolumes) {
-      ++pictures.fFurtherVolumes;
+   if (pictures.fVolumes.size() >= THealthPictures::kMostVolumes)
       return;
-   }
    pictures.fVolumes.push_back(
       {MakeThing(value), percent, value.fRule.fLimit, MakeSizeText(*total), state, value.fPlace});
 }
@@ -250,17 +248,15 @@ void TTableJudge::JudgeReading(const TValue& value, TMarks& marks)
                                                                          : "SensorDescription"));
    const auto limits = fLimits.find(name);
    if (limits == fLimits.end() || limits->second.IsEmpty()) {
-      ++pictures.fFurtherSensors;
+      ++pictures.fSensorsWithoutLimits;
       return fLedger.AddUnjudged(value.fRule);
    }
    const std::string unit(GetShortUnit(FindText(value, value.fRule.fOther)));
    const TRange range = FindRange(reading->fNumber, limits->second, unit);
    Tell(
       value, range.fState, [&range] { return range.fText; }, marks);
-   if (pictures.fSensors.size() >= THealthPictures::kMostSensors) {
-      ++pictures.fFurtherSensors;
+   if (pictures.fSensors.size() >= THealthPictures::kMostSensors)
       return;
-   }
    TSensorReading sensor;
    sensor.fName = MakeThing(value);
    sensor.fReading = reading->fNumber;

@@ -1,7 +1,7 @@
 // The row files beside the pages: the rows of all tables of the folder, read when they are needed.
 // Each is a classic script, as browsers read nothing else from beside a file.
 
-const kRowEnd = "\x1e";
+export const kRowEnd = "\x1e";
 export const kCellEnd = "\x1f";
 export const kSecond = "\x1d";
 

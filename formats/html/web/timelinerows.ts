@@ -1,10 +1,7 @@
 // The rows of a timeline that is too long for its page: its files have the order, the row files the texts.
 
-import { parseCell, type RowFiles, type RowSource, Segment } from "./rows";
+import { kCellEnd, kRowEnd, kSecond, parseCell, type RowFiles, type RowSource, Segment } from "./rows";
 
-const kCellEnd = "\x1f";
-const kRowEnd = "\x1e";
-const kSecond = "\x1d";
 // Before the text of a cell, as rows.ts knows them.
 const kHeader = "\x0e";
 const kRowLink = "\x11";

@@ -14,6 +14,8 @@ constexpr std::int64_t kMinute = 60;
 constexpr std::size_t kFewRecords = 100;
 /// Texts of a record in the spool: this many lengths, then as many texts.
 constexpr std::size_t kTexts = 5;
+/// Units: bytes.
+constexpr std::uint64_t kMostHeld = 256'000'000;
 using TLengths = std::array<std::uint32_t, kTexts>;
 
 std::string_view GetText(const TTableRows& rows, std::size_t row, std::size_t column)
@@ -280,16 +282,31 @@ void TEventLog::CountUp()
    }
 }
 
-TEventTexts TEventLog::ReadTexts(const TEvent& event)
+/// Owner: valid until the next call.
+std::string_view TEventLog::ReadSpool(const TEvent& event)
 {
+   const std::uint64_t size = fSpool->GetSize();
+   if (fHeldTexts.empty() && size <= kMostHeld) {
+      fHeldTexts.resize(static_cast<std::size_t>(size));
+      fSpool->ReadBack(0, fHeldTexts.data(), fHeldTexts.size());
+   }
+   if (!fHeldTexts.empty())
+      return std::string_view(fHeldTexts)
+         .substr(static_cast<std::size_t>(event.fTexts), event.fTextsLength);
    fReadTexts.resize(event.fTextsLength);
    fSpool->ReadBack(event.fTexts, fReadTexts.data(), fReadTexts.size());
+   return fReadTexts;
+}
+
+TEventTexts TEventLog::ReadTexts(const TEvent& event)
+{
+   const std::string_view read = ReadSpool(event);
    TLengths lengths;
-   std::memcpy(lengths.data(), fReadTexts.data(), sizeof lengths);
+   std::memcpy(lengths.data(), read.data(), sizeof lengths);
    std::array<std::string_view, kTexts> texts;
    std::size_t begin = sizeof lengths;
    for (std::size_t i = 0; i < kTexts; ++i) {
-      texts[i] = std::string_view(fReadTexts).substr(begin, lengths[i]);
+      texts[i] = read.substr(begin, lengths[i]);
       begin += lengths[i];
    }
    return {texts[0], texts[1], texts[2], texts[3], texts[4]};

@@ -74,7 +74,8 @@ struct TEventTexts
 ///
 /// Shape:   a record that a merged log lists and a log of its own, too, is there once, as that of
 ///          its own log.
-/// Units:   memory holds some 50 bytes for each record; the texts lie in a temporary file.
+/// Units:   memory holds some 50 bytes for each record; the texts lie in a temporary file,
+///          which is read back whole up to 256 MB: times may lead through it in any order.
 /// Throws:  TOutputError.
 class TEventLog
 {
@@ -179,5 +180,11 @@ private:
    std::uint64_t fZoneless = 0;
    std::uint64_t fConverted = 0;
    std::array<std::uint64_t, kSeverities> fBySeverity{};
+
+   std::string_view ReadSpool(const TEvent& event);
+
+   /// All of the spool, once the first record was asked for. Missing: empty where it is too large.
+   std::string fHeldTexts;
+   /// Of one record.
    std::string fReadTexts;
 };

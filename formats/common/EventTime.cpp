@@ -4,6 +4,7 @@
 #include <cctype>
 #include <cstring>
 #include <ctime>
+#include <iterator>
 
 #include <fmt/compile.h>
 #include <fmt/format.h>
@@ -146,10 +147,11 @@ std::string MakeEventTimeText(std::int64_t seconds, bool hasSeconds)
    const std::time_t count = seconds;
    std::tm time = {};
    gmtime_r(&count, &time);
-   const std::string text =
-      fmt::format(FMT_COMPILE("{:04}-{:02}-{:02} {:02}:{:02}"), time.tm_year + 1900,
-                  time.tm_mon + 1, time.tm_mday, time.tm_hour, time.tm_min);
-   return hasSeconds ? fmt::format(FMT_COMPILE("{}:{:02}"), text, time.tm_sec) : text;
+   std::string text = fmt::format(FMT_COMPILE("{:04}-{:02}-{:02} {:02}:{:02}"), time.tm_year + 1900,
+                                  time.tm_mon + 1, time.tm_mday, time.tm_hour, time.tm_min);
+   if (hasSeconds)
+      fmt::format_to(std::back_inserter(text), FMT_COMPILE(":{:02}"), time.tm_sec);
+   return text;
 }
 
 std::string MakeUtcOffsetText(short minutes)

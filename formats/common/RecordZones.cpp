@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <limits>
 
-#include "writer/StoreWalk.h"
-
 namespace {
 
 constexpr short kUnknown = std::numeric_limits<short>::min();
@@ -66,8 +64,12 @@ void TRecordZones::Read()
       const auto cimClass = fNamespace->GetClass(fClass, {});
       if (!cimClass)
          return;
-      for (const auto& instance : EnumerateInstances(cimClass))
+      // One by one: a log may have very many records.
+      const auto read = [this](const boost::shared_ptr<ICIMInstance>& instance) {
          ReadInstance(*instance);
+         return true;
+      };
+      cimClass->EnumerateInstances(read, true, {});
    } catch (const TQSXException&) {
       // What could be read counts.
    }
@@ -77,12 +79,14 @@ void TRecordZones::Read()
 void TRecordZones::ReadInstance(ICIMInstance& instance)
 {
    try {
-      const TCIMValue value = instance.GetProperty(fProperty, {})->GetValue(TContext());
+      const auto property = instance.GetProperty(fProperty, {});
+      const TCIMValue& value = property->GetValue(TContext());
       if (value.GetType() != TCIMValue::TCIMType::kDateTime || value.IsNull() || value.IsArray())
          return;
       const std::string text = value.ToString(10);
       if (text.size() == kTextLength && text[kSign] != ':')
-         fOffsets.emplace_back(GetTimeKey(text.substr(0, kDigits)), ReadOffset(text));
+         fOffsets.emplace_back(GetTimeKey(std::string_view(text).substr(0, kDigits)),
+                               ReadOffset(text));
    } catch (const TQSXException&) {
       // A record without the property has no time.
    }

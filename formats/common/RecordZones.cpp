@@ -44,9 +44,11 @@ short ReadOffset(std::string_view text)
 
 std::optional<short> TRecordZones::Find(std::string_view timeText)
 {
-   if (!fIsRead)
+   // Once read, questions change nothing: two threads may ask.
+   if (!fIsRead) {
       Read();
-   fIsRead = true;
+      fIsRead = true;
+   }
    const std::uint64_t key = GetTimeKey(timeText);
    if (fCommon)
       return key == 0 ? std::nullopt : fCommon;

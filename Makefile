@@ -8,7 +8,7 @@ TOOL := build/release/bin/qsxreport
 # What stands in a folder of this tree is ours to replace; a folder of yours needs FORCE=--force.
 FORCE ?= $(if $(filter out/%,$(OUT)),--force)
 
-.PHONY: release help report example hypervisor compare build test torture fuzz sanitize setup format clean
+.PHONY: release help report example hypervisor compare build test torture same-bytes fuzz sanitize setup format clean
 
 help:
 	@echo "make report                          pages of this machine"
@@ -57,12 +57,19 @@ fuzz: build/fuzz/build.ninja
 	@cmake --build --preset fuzz --target qsxreport_fuzz -- --quiet
 	@fuzz/run build/fuzz/bin/qsxreport_fuzz $(FUZZ_SECONDS)
 
-# All failures that the ordinary tests sample. TORTURE=asan-ubsan finds more and takes far longer.
+# All failures that the ordinary tests sample: hours. FAULTS=calls is one at every store call, a number so many of each
+# run. TORTURE=asan-ubsan finds more and takes far longer.
 TORTURE ?= release
+FAULTS ?= all
 torture: build/$(TORTURE)/build.ninja
 	@cmake --build --preset $(TORTURE)
-	@QSX_TORTURE=all build/$(TORTURE)/bin/qsxreport_tests --gtest_filter='FaultyStore.*:FailingOutput.*'
+	@QSX_TORTURE=$(FAULTS) build/$(TORTURE)/bin/qsxreport_tests --gtest_filter='FaultyStore.*:FailingOutput.*'
 	@tests/reliability/hostile_pages.py build/$(TORTURE)/bin/qsxreport examples 6
+
+# The same bytes from clang, from g++ and from the sanitizers' build, whose optimisations are others.
+same-bytes: build/release/build.ninja build/asan-ubsan/build.ninja build/fuzz/build.ninja
+	@for preset in release asan-ubsan fuzz; do cmake --build --preset $$preset --target qsxreport -- --quiet; done
+	@tests/reliability/same_bytes examples $(foreach preset,release asan-ubsan fuzz,build/$(preset)/bin/qsxreport)
 
 sanitize: build/asan-ubsan/build.ninja
 	@cmake --build --preset asan-ubsan

@@ -145,8 +145,9 @@ TEST_F(FailingOutput, IsWholeOrAbsent)
 
 TEST_F(FailingOutput, ThatReplacesAFolderIsWholeOrLeavesIt)
 {
-   CheckFailures("mkdir out && echo mine >out/mine",
-                 "report '" QSX_EXAMPLES "/debian-host' --force -q -o out", 50);
+   CheckFailures(
+      "mkdir out && echo mine >out/mine",
+      "report '" QSX_EXAMPLES "/compare/one-server-two-times/before.mof' --force -q -o out", 50);
 }
 
 TEST_F(FailingOutput, OfOneFileIsWholeOrLeavesIt)

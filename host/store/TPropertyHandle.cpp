@@ -59,7 +59,7 @@ boost::shared_ptr<const ICIMPropertyDecl> TPropertyHandle::GetDecl(TContext)
 const TCIMValue& TPropertyHandle::GetValue()
 {
    // A raw form of its own exists only where the report text is a translation.
-   static const TCIMValue kNone;
+   static const TCIMValue kNone{};
    if (!GetReportText().HasTranslations())
       return kNone;
    const TCIMValue& value = Read();

@@ -85,7 +85,8 @@ public:
    void WriteIndexEntry(std::string linkName, std::string displayName, const bool& hasData) override
    {
       Writer::WriteIndexEntry(linkName, displayName, hasData);
-      fPageOfCall[fStore->GetCalls()] = fPage;
+      // Pages of log files come behind their entries.
+      fPageOfCall[fStore->GetCalls()] = fPage.empty() ? linkName : fPage;
       fPage.clear();
       fBegins.emplace_back(CountLines(), fPage);
    }
@@ -107,6 +108,8 @@ void TakePages(TPagedWriter<Recording>& writer, const std::string&, TOutcome& ou
 {
    outcome.fLines.swap(writer.fLines);
    for (std::size_t i = 0; i < writer.fBegins.size(); ++i) {
+      if (writer.fBegins[i].second.empty())
+         continue;
       const bool isLast = i + 1 == writer.fBegins.size();
       const std::size_t end = isLast ? outcome.fLines.size() : writer.fBegins[i + 1].first;
       for (std::size_t line = writer.fBegins[i].first; line < end; ++line)
@@ -281,14 +284,13 @@ std::string FindWrong(const TFault& fault, const TOutcome& outcome, const TOutco
       return "";
    // One guard stands around the first two: where either fails, an older path writes both. Ahead of
    // "resource" it is asked again whether there are teams: another answer writes "net" once more.
-   const std::set<std::string> joined[] = {{"SPConfig", "Environmentals"}, {"net", "resource"}};
+   const std::map<std::string, std::set<std::string>> joined = {
+      {"SPConfig", {"Environmentals"}}, {"Environmentals", {"SPConfig"}}, {"resource", {"net"}}};
+   const auto others = joined.find(failing->second);
    for (const auto& [name, page] : reference.fPages) {
       const auto found = outcome.fPages.find(name);
       const bool isEqual = found != outcome.fPages.end() && found->second == page;
-      const bool isJoined =
-         std::any_of(std::begin(joined), std::end(joined), [&, &name = name](const auto& both) {
-            return both.count(name) != 0 && both.count(failing->second) != 0;
-         });
+      const bool isJoined = others != joined.end() && others->second.count(name) != 0;
       if (name != failing->second && !isJoined && !isEqual)
          return "the fault is in " + failing->second + ", but this page differs, too: " + name +
                 (found != outcome.fPages.end() ? ShowDifference(page, found->second) : "");

@@ -81,6 +81,7 @@ TEST(HtmlSink, UrlsNameFilesBesideThePage)
    EXPECT_EQ(Render(TFileUrl{"syslog_boot.log~2.html"}), "syslog_boot.log~2.html");
    EXPECT_EQ(Render(TFileUrl{"javascript:x"}), "javascript%3Ax");
    EXPECT_EQ(Render(TFileUrl{"//host/\"?#\xFF"}), "%2F%2Fhost%2F%22%3F%23%FF");
+   EXPECT_EQ(Render(TPathUrl{"a/b c//d:e"}), "a/b%20c//d%3Ae");
 }
 
 TEST(HtmlSink, CountsHaveCommas)

@@ -75,12 +75,13 @@ sanitize: build/asan-ubsan/build.ninja
 	@cmake --build --preset asan-ubsan
 	@ctest --preset asan-ubsan
 
-# What a release must pass beyond the tests: its packages, in an empty Debian.
+# What a release must pass beyond the tests: its packages, in an empty Debian, and the ABI of its libraries.
 release: build/release/build.ninja
 	@packaging/install-packages release-packages.txt
 	@cmake --build --preset release -- --quiet
 	@packaging/make-packages
 	@packaging/try-packages
+	@packaging/check-abi
 
 setup:
 	@packaging/install-packages

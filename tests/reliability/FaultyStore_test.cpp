@@ -290,7 +290,10 @@ std::string FindWrong(const TFault& fault, const TOutcome& outcome, const TOutco
    for (const auto& [name, page] : reference.fPages) {
       const auto found = outcome.fPages.find(name);
       const bool isEqual = found != outcome.fPages.end() && found->second == page;
-      const bool isJoined = others != joined.end() && others->second.count(name) != 0;
+      // A report writes its raw data ahead of its page.
+      const bool isRawData = failing->second.rfind(name + "_rawData", 0) == 0;
+      const bool isJoined =
+         isRawData || (others != joined.end() && others->second.count(name) != 0);
       if (name != failing->second && !isJoined && !isEqual)
          return "the fault is in " + failing->second + ", but this page differs, too: " + name +
                 (found != outcome.fPages.end() ? ShowDifference(page, found->second) : "");

@@ -1,4 +1,4 @@
-#include <nlohmann/json.hpp>
+#include <rapidjson/document.h>
 
 #include "cli/TToolRun.h"
 
@@ -112,15 +112,17 @@ TEST_F(Qsxreport, NamesTheCommandThatACollectionIsFor)
 
 TEST_F(Qsxreport, PrintsTheCatalogueAsJson)
 {
-   const nlohmann::ordered_json catalogue =
-      nlohmann::ordered_json::parse(Run("catalogue server.mof").fOutput);
-   EXPECT_EQ("BuildSystemConfigParams", catalogue.begin().key());
-   EXPECT_EQ("system_overview", catalogue["BuildSystemConfigParams"]["link"]);
-   const nlohmann::json hypervisor =
-      nlohmann::json::parse(Run("catalogue --hypervisor server.mof").fOutput);
-   EXPECT_EQ(5u, hypervisor.size());
-   EXPECT_EQ("OMC_SMASHFirmwareIdentity",
-             hypervisor["BuildHardwareInventoryParams"]["classes"][0]["class"]);
+   rapidjson::Document catalogue;
+   catalogue.Parse(Run("catalogue server.mof").fOutput.c_str());
+   ASSERT_TRUE(catalogue.IsObject());
+   EXPECT_STREQ("BuildSystemConfigParams", catalogue.MemberBegin()->name.GetString());
+   EXPECT_STREQ("system_overview", catalogue["BuildSystemConfigParams"]["link"].GetString());
+   rapidjson::Document hypervisor;
+   hypervisor.Parse(Run("catalogue --hypervisor server.mof").fOutput.c_str());
+   ASSERT_TRUE(hypervisor.IsObject());
+   EXPECT_EQ(5u, hypervisor.MemberCount());
+   EXPECT_STREQ("OMC_SMASHFirmwareIdentity",
+                hypervisor["BuildHardwareInventoryParams"]["classes"][0]["class"].GetString());
 }
 
 TEST_F(Qsxreport, TellsWhatACollectionHolds)

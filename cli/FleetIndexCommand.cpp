@@ -8,15 +8,10 @@
 
 namespace {
 
-/// Further ones stand on the page.
-constexpr std::size_t kToldGaps = 20;
-
 void TellGaps(const TFleet& fleet, TConsole& console)
 {
-   for (std::size_t i = 0; i < fleet.fGaps.size() && i < kToldGaps; ++i)
-      console.Error(fmt::format("{}: {}", fleet.fGaps[i].fPlace, fleet.fGaps[i].fReason));
-   if (fleet.fGaps.size() > kToldGaps)
-      console.Error(fmt::format("{} more are listed on the page", fleet.fGaps.size() - kToldGaps));
+   for (const TFleetGap& gap : fleet.fGaps)
+      console.Error(fmt::format("{}: {}", gap.fPlace, gap.fReason));
 }
 
 }  // namespace

@@ -54,14 +54,17 @@ std::string ReadFile(const std::string& path)
 {
    // A pipe in its place must not be waited for.
    const TDescriptor file(open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+   if (file.Get() < 0 && errno == ELOOP)
+      throw TManifestError("is a link, and links are not followed");
    struct stat status = {};
    if (file.Get() < 0 || fstat(file.Get(), &status) != 0)
       FailSystem();
    if (!S_ISREG(status.st_mode))
       throw TManifestError("is no regular file");
-   std::string text(static_cast<std::size_t>(status.st_size), '\0');
-   if (text.size() > kLargestManifest)
+   // Ahead of the memory for it: a file of holes may claim any size.
+   if (static_cast<std::uint64_t>(status.st_size) > kLargestManifest)
       throw TManifestError(fmt::format("is larger than {} bytes", kLargestManifest));
+   std::string text(static_cast<std::size_t>(status.st_size), '\0');
    std::size_t used = 0;
    while (used < text.size()) {
       const ssize_t got = read(file.Get(), text.data() + used, text.size() - used);
@@ -104,10 +107,11 @@ std::string GetText(const TValue& object, const char* name)
    return std::string(text.substr(0, end)) + "\xE2\x80\xA6";
 }
 
+/// Missing: 0 where there is no number, or one that no report counts to; sums of these don't wrap.
 std::uint64_t GetCount(const TValue& object, const char* name)
 {
    const TValue& value = GetMember(object, name);
-   return value.IsUint64() ? value.GetUint64() : 0;
+   return value.IsUint() ? value.GetUint() : 0;
 }
 
 EState GetState(const TValue& object, const char* name)

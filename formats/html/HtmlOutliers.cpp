@@ -58,7 +58,7 @@ public:
          fOut << "<th scope=\"col\">Majority</th><th scope=\"col\" class=\"num\">Systems</th>"
                  "<th scope=\"col\">Outlier</th><th scope=\"col\">On</th>"_html;
       else
-         for (const std::size_t system : {0, 1}) {
+         for (const std::size_t system : {std::size_t{0}, std::size_t{1}}) {
             fOut << "<th scope=\"col\">"_html;
             fSystems.Write(fOut, system);
             fOut << "</th>"_html;

@@ -66,6 +66,14 @@ TEST_F(FleetIndex, NamesManifestsThatAreNone)
    MakeReport("later", R"({"manifest": 2, "kind": "report"})");
    MakeReport("odd", R"({"manifest": 1, "kind": "report", "machine": [], "verdict": {},
                         "subsystems": [7], "worst": [[]], "firmware": ["x", {"version": 1}]})");
+   MakeReport("sparse", "{}");
+   std::filesystem::resize_file(fFolder + "/all/sparse/manifest.json", std::uintmax_t{1} << 40);
+   MakeReport("wrap", R"({"manifest": 1, "kind": "report", "verdict": "failed",
+                         "worst": [{"text": "Broken."}],
+                         "findings": {"failed": 18446744073709551615, "attention": 3}})");
+   MakeReport("link", "");
+   std::filesystem::remove(fFolder + "/all/link/manifest.json");
+   std::filesystem::create_symlink("../good/manifest.json", fFolder + "/all/link/manifest.json");
    std::filesystem::create_directories(fFolder + "/all/pipe");
    const TResult result = Run("fleet-index all", "mkfifo all/pipe/manifest.json; timeout 20");
    EXPECT_EQ(5, result.fExitCode);
@@ -73,11 +81,13 @@ TEST_F(FleetIndex, NamesManifestsThatAreNone)
                AllOf(HasSubstr("cut: manifest.json is no JSON: byte"), HasSubstr("deep: "),
                      HasSubstr("foreign: manifest.json is not the manifest of a report"),
                      HasSubstr("later: manifest.json has the version 2"),
+                     HasSubstr("link: manifest.json is a link"),
+                     HasSubstr("sparse: manifest.json is larger than 4194304 bytes"),
                      HasSubstr("pipe: manifest.json is no regular file")));
    const std::string page = ReadPage();
    EXPECT_THAT(page, AllOf(HasSubstr("&lt;i&gt;&amp;\xEF\xBF\xBD"), HasSubstr("<bdi>odd</bdi>"),
                            HasSubstr("id=\"gaps\""), HasSubstr("<th scope=\"row\">cut</th>"),
-                           Not(HasSubstr("<i>"))));
+                           HasSubstr("Broken. And 2 more."), Not(HasSubstr("<i>"))));
 }
 
 TEST_F(FleetIndex, GoesOnOnFurtherPages)

@@ -223,6 +223,43 @@ def compare_runs(label, harmless, hostile):
     return pages
 
 
+def write_manifests(folder, words):
+    """A machine for each payload, with it as all its texts; every twentieth manifest is broken."""
+    for number, word in enumerate(words):
+        def text(place, word=word):
+            return f"{place}{number:03}\t{word}"
+
+        machine = {key: text(key) for key in ("name", "serialNumber", "system", "collected")}
+        level = number % 10 == 0 and number % 7
+        manifest = {
+            "manifest": 1, "kind": "report", "verdict": ("failed", "attention", "ok", word)[number % 4],
+            "machine": {"product": f"{number % 5}\t{words[number % 5]}", **machine},
+            "findings": {"failed": number, "attention": 1}, "worst": [{"text": text("w")}],
+            "subsystems": [{"name": "Memory", "state": "failed"}, {"name": word, "state": "failed"}],
+            "firmware": [{"name": words[7], "version": f"{level:d}\t{words[level]}"},
+                         {"name": text("n"), "version": text("v")}]}
+        # No name of a folder holds these.
+        place = folder / f"{number:03}{re.sub('[/{}]'.format(chr(0)), '-', word)}"
+        place.mkdir(parents=True)
+        (place / "manifest.json").write_text("{" if number % 20 == 19 else json.dumps(manifest))
+
+
+def compare_fleets(tool, place, words, payloads):
+    """The index over both. How many pages there are."""
+    harmless, hostile = (place / name / "fleet" for name in ("harmless", "hostile"))
+    for folder, texts in ((harmless, words), (hostile, payloads)):
+        write_manifests(folder, texts)
+        done = subprocess.run([tool, "fleet-index", str(folder)], capture_output=True, check=False)
+        if done.returncode != 5 or done.stderr.count(b"no JSON") != len(words) // 20:
+            fail(f"fleet: exit code {done.returncode}: {done.stderr[:500]}")
+    pages = [page.relative_to(hostile) for page in hostile.glob("fleet-index/*.html")]
+    for page in pages:
+        compare_pages(f"fleet/{page.name}", (harmless / page).read_text(), (hostile / page).read_text())
+    for script in hostile.glob("fleet-index/**/*.js"):
+        check_script(f"fleet/{script.name}", script)
+    return len(pages)
+
+
 def check_other_formats(label, tool, command, place, payloads):
     """JSON and plain text of the hostile collection, which a run before has written."""
     inputs = sorted(str(path) for path in place.iterdir() if path.name != "out")
@@ -258,9 +295,12 @@ def main():
     }
     pages = 0
     for number in range(rounds):
-        for label in wanted or runs:
-            command, sources = runs[label]
+        for label in wanted or [*runs, "fleet"]:
             with tempfile.TemporaryDirectory() as folder:
+                if label == "fleet":
+                    pages += compare_fleets(tool, pathlib.Path(folder), words, payloads)
+                    continue
+                command, sources = runs[label]
                 outputs = []
                 for kind, suffixes in (("harmless", words), ("hostile", payloads)):
                     place = pathlib.Path(folder) / kind

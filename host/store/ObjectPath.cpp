@@ -171,7 +171,8 @@ void AppendKeyBinding(std::string& path, bool isFirst, std::string_view name, st
    path += name;
    path += '=';
    if (!isQuoted) {
-      path += text;
+      // As an integer, a negative zero reads back without its sign.
+      path += text == "-0" ? "0" : text;
       return;
    }
    path += '"';

@@ -56,6 +56,8 @@ struct TOutcome
    std::size_t fLinesBefore = 0;
    /// What was written, by the name of the page.
    std::map<std::string, std::string> fPages;
+   /// In their order: the pages by their names, and the calls that belong to none, under no name.
+   std::vector<std::pair<std::string, std::string>> fOutline;
    /// The pages by the last store call that served them.
    std::map<std::uint64_t, std::string> fPageOfCall;
 };
@@ -68,6 +70,7 @@ public:
    using Writer::Writer;
 
    const TFaultStore* fStore = nullptr;
+   /// The first page at each number: those behind it took no call of their own.
    std::map<std::uint64_t, std::string> fPageOfCall;
    /// The first line of each page, and under no name of what stands between two.
    std::vector<std::pair<std::size_t, std::string>> fBegins;
@@ -76,7 +79,7 @@ public:
    {
       // A page that another one's entry stands for.
       if (!fPage.empty())
-         fPageOfCall[fStore->GetCalls()] = fPage;
+         fPageOfCall.emplace(fStore->GetCalls(), fPage);
       fPage = std::filesystem::path(path).stem();
       fBegins.emplace_back(CountLines(), fPage);
       Writer::OpenReportFile(path);
@@ -84,11 +87,23 @@ public:
 
    void WriteIndexEntry(std::string linkName, std::string displayName, const bool& hasData) override
    {
+      if (fPage.empty())
+         fBegins.emplace_back(CountLines(), linkName);
       Writer::WriteIndexEntry(linkName, displayName, hasData);
       // Pages of log files come behind their entries.
-      fPageOfCall[fStore->GetCalls()] = fPage.empty() ? linkName : fPage;
+      fPageOfCall.emplace(fStore->GetCalls(), fPage.empty() ? linkName : fPage);
       fPage.clear();
       fBegins.emplace_back(CountLines(), fPage);
+   }
+
+   // Without "override": the hypervisor's writer has no such report.
+   void WriteEventLogReport(TReportParameters params)
+   {
+      const std::string name = params.GetLinkName();
+      fBegins.emplace_back(CountLines(), name);
+      Writer::WriteEventLogReport(params);
+      fPageOfCall.emplace(fStore->GetCalls(), name);
+      fBegins.emplace_back(CountLines(), "");
    }
 
    std::size_t CountLines() const
@@ -107,13 +122,16 @@ template <typename Recording>
 void TakePages(TPagedWriter<Recording>& writer, const std::string&, TOutcome& outcome)
 {
    outcome.fLines.swap(writer.fLines);
-   for (std::size_t i = 0; i < writer.fBegins.size(); ++i) {
-      if (writer.fBegins[i].second.empty())
-         continue;
-      const bool isLast = i + 1 == writer.fBegins.size();
-      const std::size_t end = isLast ? outcome.fLines.size() : writer.fBegins[i + 1].first;
-      for (std::size_t line = writer.fBegins[i].first; line < end; ++line)
-         outcome.fPages[writer.fBegins[i].second] += outcome.fLines[line] + '\n';
+   writer.fBegins.emplace_back(outcome.fLines.size(), "");
+   for (std::size_t i = 0; i + 1 < writer.fBegins.size(); ++i) {
+      const auto& [first, page] = writer.fBegins[i];
+      if (!page.empty())
+         outcome.fOutline.emplace_back(page, "");
+      for (std::size_t line = first; line < writer.fBegins[i + 1].first; ++line)
+         if (page.empty())
+            outcome.fOutline.emplace_back("", outcome.fLines[line]);
+         else
+            outcome.fPages[page] += outcome.fLines[line] + '\n';
    }
 }
 
@@ -264,6 +282,48 @@ std::string ShowDifference(const std::string& expected, const std::string& found
    return "\n" + expected.substr(at, kShown) + "\nis\n" + found.substr(at, kShown);
 }
 
+/// Whether a failure in one page may change another one.
+bool MayChange(const std::string& failing, const std::string& page)
+{
+   // One guard stands around the first two: where either fails, an older path writes the others.
+   static const std::set<std::string> kGuarded = {"SPConfig", "Environmentals", "servproc_config",
+                                                  "environmentals"};
+   // Ahead of "resource" it is asked again whether there are teams: another answer writes "net"
+   // once more.
+   const bool isNetAgain = failing == "resource" && page == "net";
+   // A report writes its raw data ahead of its page.
+   const bool isRawData = !page.empty() && failing.rfind(page + "_rawData", 0) == 0;
+   return page == failing || isRawData || isNetAgain ||
+          (kGuarded.count(failing) != 0 && kGuarded.count(page) != 0);
+}
+
+/// What stands around the pages that a failure must not change, a line each.
+std::string GetOutline(const TOutcome& outcome, const std::string& failing)
+{
+   std::string outline;
+   for (const auto& [page, call] : outcome.fOutline)
+      if (!MayChange(failing, page))
+         outline += page + call + '\n';
+   return outline;
+}
+
+/// The pages that failed must not change others. Missing: the empty text when all is as it should.
+std::string FindChanged(const std::string& failing, const TOutcome& outcome,
+                        const TOutcome& reference)
+{
+   const std::string fault = "the fault is in " + failing + ", but ";
+   for (const auto& [name, page] : reference.fPages) {
+      const auto found = outcome.fPages.find(name);
+      if (MayChange(failing, name) || (found != outcome.fPages.end() && found->second == page))
+         continue;
+      return fault + "this page differs, too: " + name +
+             (found != outcome.fPages.end() ? ShowDifference(page, found->second) : "");
+   }
+   const std::string outline = GetOutline(outcome, failing);
+   const std::string expected = GetOutline(reference, failing);
+   return outline == expected ? "" : fault + "around the pages" + ShowDifference(expected, outline);
+}
+
 /// What a fault must not change. Missing: the empty text when all is as it should be.
 std::string FindWrong(const TFault& fault, const TOutcome& outcome, const TOutcome& reference)
 {
@@ -282,23 +342,7 @@ std::string FindWrong(const TFault& fault, const TOutcome& outcome, const TOutco
    const auto failing = reference.fPageOfCall.lower_bound(fault.fCall);
    if (failing == reference.fPageOfCall.begin() || failing == reference.fPageOfCall.end())
       return "";
-   // One guard stands around the first two: where either fails, an older path writes both. Ahead of
-   // "resource" it is asked again whether there are teams: another answer writes "net" once more.
-   const std::map<std::string, std::set<std::string>> joined = {
-      {"SPConfig", {"Environmentals"}}, {"Environmentals", {"SPConfig"}}, {"resource", {"net"}}};
-   const auto others = joined.find(failing->second);
-   for (const auto& [name, page] : reference.fPages) {
-      const auto found = outcome.fPages.find(name);
-      const bool isEqual = found != outcome.fPages.end() && found->second == page;
-      // A report writes its raw data ahead of its page.
-      const bool isRawData = failing->second.rfind(name + "_rawData", 0) == 0;
-      const bool isJoined =
-         isRawData || (others != joined.end() && others->second.count(name) != 0);
-      if (name != failing->second && !isJoined && !isEqual)
-         return "the fault is in " + failing->second + ", but this page differs, too: " + name +
-                (found != outcome.fPages.end() ? ShowDifference(page, found->second) : "");
-   }
-   return "";
+   return FindChanged(failing->second, outcome, reference);
 }
 
 /// Numbers a store call and a kind of failure in one.

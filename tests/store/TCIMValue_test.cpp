@@ -157,7 +157,7 @@ TEST(TCIMReference, BringsEqualPathsIntoOneText)
 {
    const std::vector<std::pair<std::string, std::string>> cases = {
       {"//host/root/a:X.B=0x1F,A=\"q\\\"\\\\\"", "X.A=\"q\\\"\\\\\",B=31"},
-      {"root/a:X.A=true,B=+5,C=-0,D=null,E=1.50", "X.A=TRUE,B=5,C=0,D=NULL,E=1.5"},
+      {"root/a:X.A=true,B=+5,C=-0,D=null,E=1.50,F=-.0", "X.A=TRUE,B=5,C=0,D=NULL,E=1.5,F=0"},
       {"X.A=\"a=b,c:d\"", "X.A=\"a=b,c:d\""},
       {"X.@=3", "X.@=3"},
       // No object path: the text is a class name.

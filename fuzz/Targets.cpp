@@ -4,10 +4,11 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <string_view>
 
 #include "TCIMDateTime.h"
 #include "common/EventTime.h"
+#include "comparison/TDeltaRepository.h"
 #include "html/THtmlWriter.h"
 #include "readers/CollectionLoader.h"
 #include "readers/Decompression.h"
@@ -149,30 +150,63 @@ void CheckPage(const std::string& page)
       Require(page.find(markup) == std::string::npos, "a page holds no markup of the collection's");
 }
 
-void TryPages(const std::string& bytes)
+void CheckPagesIn(const std::string& folder)
+{
+   for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+      if (entry.is_directory())
+         continue;
+      if (entry.path().extension() == ".html") {
+         std::string page(entry.file_size(), '\0');
+         std::ifstream(entry.path(), std::ios::binary)
+            .read(page.data(), static_cast<std::streamsize>(page.size()));
+         CheckPage(page);
+      }
+      std::filesystem::remove(entry.path());
+   }
+}
+
+void WritePages(const boost::shared_ptr<ICIMNamespace>& cimNamespace, const TContext& params)
 {
    static const TPagesFolder folder;
-   const auto store = Load(bytes);
-   if (!store)
-      return;
-   DeclareExpectedClasses(*store);
    THtmlWriter writer{THtmlOptions()};
    try {
-      TReport(OpenNamespace(store), {{"mode", "mek"}}, folder.fPath).Write(&writer, {});
+      TReport(cimNamespace, params, folder.fPath).Write(&writer, params);
    } catch (const TQSXException&) {
       return;
    } catch (const std::invalid_argument&) {
       // A definition without a column has no grid.
       return;
    }
-   for (const auto& entry : std::filesystem::directory_iterator(folder.fPath)) {
-      if (entry.is_directory())
-         continue;
-      std::ifstream file(entry.path(), std::ios::binary);
-      if (entry.path().extension() == ".html")
-         CheckPage({std::istreambuf_iterator<char>(file), {}});
-      std::filesystem::remove(entry.path());
+   CheckPagesIn(folder.fPath);
+}
+
+void TryPages(const std::string& bytes)
+{
+   const auto store = Load(bytes);
+   if (!store)
+      return;
+   DeclareExpectedClasses(*store);
+   WritePages(OpenNamespace(store), {{"mode", "mek"}});
+}
+
+/// Two collections, this line between them.
+constexpr std::string_view kOther = "\n// and\n";
+
+void TryCompare(const std::string& bytes)
+{
+   const std::size_t other = bytes.find(kOther);
+   if (other == std::string::npos)
+      return;
+   std::vector<boost::shared_ptr<TMemoryStore>> stores;
+   for (const std::string& text : {bytes.substr(0, other), bytes.substr(other + kOther.size())}) {
+      stores.push_back(Load(text));
+      if (!stores.back())
+         return;
+      DeclareExpectedClasses(*stores.back());
    }
+   TDeltaRepository repository(stores);
+   repository.FindDifferences({});
+   WritePages(repository.Open(), {{"nNamespaces", static_cast<unsigned short>(stores.size())}});
 }
 
 }  // namespace
@@ -182,7 +216,7 @@ const std::vector<TFuzzTarget>& GetFuzzTargets()
    // The format is told from the content: the seeds lead each target to its own.
    static const std::vector<TFuzzTarget> kTargets = {
       {"mof", TryCollection}, {"xml", TryCollection}, {"compressed", TryCollection},
-      {"values", TryValue},   {"pages", TryPages},
+      {"values", TryValue},   {"pages", TryPages},    {"compare", TryCompare},
    };
    return kTargets;
 }

@@ -152,7 +152,11 @@ TCollection LoadCollection(const std::vector<std::string>& paths, const TReadLim
    TLoading loading(limits);
    for (const std::string& path : paths)
       loading.ReadPath(path);
-   return loading.Finish();
+   TCollection collection = loading.Finish();
+   if (collection.fCounts.fClassesRead + collection.fCounts.fInstancesRead == 0)
+      collection.fWarnings.push_back(FormatPlaced(fmt::format("{}", fmt::join(paths, ", ")), {},
+                                                  "warning: it holds no class and no instance"));
+   return collection;
 }
 
 TCollection LoadCollectionText(const std::string& name, std::string text, const TReadLimits& limits)

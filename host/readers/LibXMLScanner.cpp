@@ -52,6 +52,26 @@ private:
    std::array<TEntry, 256> fEntries;
 };
 
+/// What libxml2 tells outside of a parser, such as a failed conversion of an encoding, would appear
+/// on standard error. The parser's own error follows it.
+class TSilence
+{
+public:
+   TSilence() : fFormer(xmlStructuredError), fFormerContext(xmlStructuredErrorContext)
+   {
+      xmlSetStructuredErrorFunc(nullptr, [](void*, xmlErrorPtr) {});
+   }
+
+   ~TSilence() { xmlSetStructuredErrorFunc(fFormerContext, fFormer); }
+
+   TSilence(const TSilence&) = delete;
+   TSilence& operator=(const TSilence&) = delete;
+
+private:
+   const xmlStructuredErrorFunc fFormer;
+   void* const fFormerContext;
+};
+
 /// One scan: what libxml2 calls back, handed on. No exception may pass through libxml2, so each
 /// waits here until the parser has stopped.
 class TScan
@@ -63,6 +83,7 @@ public:
 
    void Run()
    {
+      const TSilence silence;
       xmlSAXHandler callbacks = MakeCallbacks();
       fParser.reset(
          xmlCreateIOParserCtxt(&callbacks, this, ReadBytes, nullptr, this, XML_CHAR_ENCODING_NONE));

@@ -43,10 +43,15 @@ public:
       if (got < 0)
          throw TReadError(fName, {}, fmt::format("cannot be read: {}", std::strerror(errno)));
       fTaken += static_cast<std::uint64_t>(got);
-      if (fTaken > fLimit)
+      CheckSize(fTaken);
+      return static_cast<std::size_t>(got);
+   }
+
+   void CheckSize(std::uint64_t size) const
+   {
+      if (size > fLimit)
          throw TReadError(fName, {},
                           fmt::format("expected a file of at most {} bytes, found more", fLimit));
-      return static_cast<std::size_t>(got);
    }
 
 private:
@@ -106,7 +111,10 @@ TOpenedFile OpenFile(const std::string& path, const TReadLimits& limits)
    auto bytes = std::make_unique<TFileBytes>(descriptor, path, limits.fFileBytes);
    struct stat status = {};
    const bool isSized = ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
-   return {std::move(bytes), isSized ? static_cast<std::uint64_t>(status.st_size) : 0};
+   const std::uint64_t size = isSized ? static_cast<std::uint64_t>(status.st_size) : 0;
+   // A file of holes takes minutes to read.
+   bytes->CheckSize(size);
+   return {std::move(bytes), size};
 }
 
 TOpenedFile OpenStandardInput(const TReadLimits& limits)

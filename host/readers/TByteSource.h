@@ -46,8 +46,8 @@ struct TOpenedFile
    std::uint64_t fSize = 0;
 };
 
-/// Opens a file. Throws: TReadError with the system's reason; TReadError from Read once the file
-/// turns out larger than the limit.
+/// Opens a file. Throws: TReadError with the system's reason, or where the file is larger than the
+/// limit; from Read where it turns out to be.
 TOpenedFile OpenFile(const std::string& path, const TReadLimits& limits);
 
 /// Standard input, under the name of kStandardInputName.

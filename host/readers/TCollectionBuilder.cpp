@@ -224,7 +224,18 @@ void TCollectionBuilder::CheckDepthOfClasses() const
 {
    for (const TStoredClass* storedClass : fStore->GetSchema().GetClasses())
       if (IsDeeperThan(fLimits.fDepth, storedClass))
-         throw TReadError(storedClass->GetName(), {}, DescribeDepth(fLimits.fDepth));
+         FailOfDepth(*storedClass);
+}
+
+void TCollectionBuilder::FailOfDepth(const TStoredClass& lowest) const
+{
+   // One of them came ahead of its superclass, or the chain had been refused as it grew.
+   for (const TStoredClass* above = &lowest; above != nullptr; above = above->GetSuperclass()) {
+      const auto named = fNamedSuperclasses.find(above->GetName());
+      if (named != fNamedSuperclasses.end())
+         throw TReadError(named->second.first, named->second.second, DescribeDepth(fLimits.fDepth));
+   }
+   throw TReadError(lowest.GetName(), {}, DescribeDepth(fLimits.fDepth));
 }
 
 void TCollectionBuilder::WarnOfPlaceholders()

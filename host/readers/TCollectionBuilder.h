@@ -59,6 +59,7 @@ private:
    void Store(const TObjectDraft& draft, const TSource& source, TKnownClass& known);
    void StorePending();
    void CheckDepthOfClasses() const;
+   [[noreturn]] void FailOfDepth(const TStoredClass& lowest) const;
    void WarnOfPlaceholders();
    void WarnOfDuplicatePaths();
 

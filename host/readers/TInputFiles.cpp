@@ -74,6 +74,10 @@ bool TInputFiles::Begin(const std::string& path)
 std::string TInputFiles::Resolve(const TSource& including, std::size_t mark,
                                  std::string_view name) const
 {
+   // The system would take what stands ahead of it for the name.
+   if (name.find('\0') != std::string_view::npos)
+      including.Fail(mark,
+                     fmt::format("expected the name of a file, found {}", QuoteForMessage(name)));
    const fs::path relative(name);
    const fs::path folder = fs::path(including.GetName()).parent_path();
    const fs::path path = folder / relative;

@@ -153,6 +153,20 @@ TEST(CollectionLoader, RefusesDamagedAndHostileFiles)
       EXPECT_THAT(GetError(folder, "a", each.fLimits), HasSubstr(each.fError));
    }
    EXPECT_EQ(GetError(folder, "b"), "b: cannot be opened: No such file or directory");
+   // Nothing of it is stored, and nothing is read.
+   std::filesystem::resize_file(folder.GetPath("a"), std::uintmax_t{1} << 40);
+   EXPECT_EQ(GetError(folder, "a"), "a: expected a file of at most 4294967296 bytes, found more");
+}
+
+TEST(CollectionLoader, WarnsOfACollectionOfNothing)
+{
+   const TTemporaryFolder folder;
+   Write(folder, "above/below/a.mof", kMof);
+   Write(folder, "comment.mof", "// nothing");
+   for (const char* name : {"above", "comment.mof"})
+      EXPECT_THAT(LoadCollection({folder.GetPath(name)}).fWarnings,
+                  ElementsAre(HasSubstr(std::string(name) +
+                                        ": warning: it holds no class and no instance")));
 }
 
 TEST(CollectionLoader, FolderIsOneNamespaceInByteOrderOfNames)
@@ -188,7 +202,8 @@ TEST(CollectionLoader, UnreadableFileIsAnErrorWhenNamedAndAWarningInAFolder)
    EXPECT_EQ(GetError(folder, "a"), "a: cannot be opened: Permission denied");
    const std::vector<std::string> warnings = LoadCollection({folder.GetPath()}).fWarnings;
    ASSERT_EQ(::seteuid(user), 0);
-   EXPECT_THAT(warnings, ElementsAre(HasSubstr("a: warning: cannot be opened; it is passed over")));
+   EXPECT_THAT(warnings, ElementsAre(HasSubstr("a: warning: cannot be opened; it is passed over"),
+                                     HasSubstr("holds no class")));
 }
 
 TEST(CollectionLoader, IncludesStayInsideTheFolderOfTheIncludingFile)
@@ -215,6 +230,7 @@ TEST(CollectionLoader, IncludesStayInsideTheFolderOfTheIncludingFile)
       {folder.GetPath("in/a.mof"), outside},
       {"", outside},
       {"deep", "expected a regular file, found "},
+      {"deep/b.mof\\x0000", "expected the name of a file, found "},
       {"none.mof", "expected a file that can be included, found 'none.mof': No such file"},
    };
    for (const auto& [name, error] : cases) {

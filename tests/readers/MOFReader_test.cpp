@@ -256,6 +256,11 @@ TEST(MOFReader, HoldsItsLimits)
       EXPECT_THAT(GetError(mof, limits),
                   HasSubstr(std::string("expected at most 3 ") + each.fName + ", found more"));
    }
+   TReadLimits flat;
+   flat.fDepth = 3;
+   EXPECT_THAT(GetError("class A : B { }; class B : C { };\nclass C : D { }; class D { };", flat),
+               HasSubstr(":1:7: expected at most 3 classes above"))
+      << "before their superclasses";
 }
 
 }  // namespace

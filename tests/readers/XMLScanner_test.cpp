@@ -145,6 +145,14 @@ TEST(XMLScanner, TagsThatRepeatAreReadAnew)
    EXPECT_EQ(ScanInPlace(text, kWhole), ScanAsLibXML(text));
 }
 
+TEST(XMLScanner, ErrorsAreThrownAndNeverPrinted)
+{
+   testing::internal::CaptureStderr();
+   const std::string found = ScanAsLibXML("<?xml version='1.0' encoding='EBCDIC-US'?><a/>");
+   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+   EXPECT_EQ(found, "refused");
+}
+
 TEST(XMLScanner, OtherDocumentsAreLeftToTheOtherScanner)
 {
    for (const char* text :

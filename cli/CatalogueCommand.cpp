@@ -1,7 +1,9 @@
 #include "CatalogueCommand.h"
 
+#include <cerrno>
 #include <iostream>
 
+#include "Console.h"
 #include "FittedJson.h"
 #include "Input.h"
 #include "Options.h"
@@ -110,7 +112,9 @@ EExitCode RunCatalogueCommand(const TOptions& options, TConsole& console)
       const NZANQSX20::TLogAttachment logging(log);
       catalogue = WriteCatalogue(options, cimNamespace);
    }
+   errno = 0;
    std::cout << FitJson(catalogue);
+   FlushStandardOutput();
    log.Finish();
    return kExitDone;
 }

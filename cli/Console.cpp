@@ -2,11 +2,15 @@
 
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <iostream>
 
 #include <fmt/format.h>
+
+#include "CommandFailure.h"
 
 namespace {
 
@@ -124,4 +128,14 @@ std::string MakePrintable(const std::string& text)
          printable += text[at];
    }
    return printable;
+}
+
+void FlushStandardOutput()
+{
+   if (std::cout)
+      std::cout.flush();
+   if (std::cout)
+      return;
+   const std::string reason = errno != 0 ? std::string(": ") + std::strerror(errno) : "";
+   throw TCommandFailure(kExitRun, "standard output can't be written" + reason);
 }

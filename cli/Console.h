@@ -44,3 +44,7 @@ private:
 
 /// The text with its control bytes as \xNN, fit for a terminal.
 std::string MakePrintable(const std::string& text);
+
+/// To be called right behind what writes a result, with errno 0 ahead of it.
+/// Throws: TCommandFailure with the system's reason when the result is lost.
+void FlushStandardOutput();

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <cerrno>
 #include <charconv>
 #include <cstdlib>
 #include <ctime>
@@ -119,7 +120,9 @@ private:
 void PrintFile(const std::string& path)
 {
    std::ifstream file(path, std::ios::binary);
+   errno = 0;
    std::cout << file.rdbuf();
+   FlushStandardOutput();
 }
 
 /// The only format of a run for standard output.

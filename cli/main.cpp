@@ -69,21 +69,14 @@ void OccupyStandardStreams()
       }
 }
 
-/// Throws: TCommandFailure when a result is lost.
-void CheckStandardOutput()
-{
-   std::cout.flush();
-   if (!std::cout)
-      throw TCommandFailure(kExitRun, "standard output can't be written");
-}
-
 /// Runs it and tells its failure. Every failure has an exit code; none leaves the program
 /// otherwise.
 int RunAndTell(const TOptions& options, TConsole& console)
 {
    try {
       const EExitCode exitCode = RunCommand(options, console);
-      CheckStandardOutput();
+      errno = 0;
+      FlushStandardOutput();
       return exitCode;
    } catch (const TCommandFailure& failure) {
       console.Error(failure.what());
@@ -110,7 +103,8 @@ int main(int argc, char** argv)
    try {
       const std::optional<TOptions> options = ParseOptions(argc, argv);
       if (!options) {
-         CheckStandardOutput();
+         errno = 0;
+         FlushStandardOutput();
          return kExitDone;
       }
       TConsole console(options->fQuiet, !options->fNoColor);

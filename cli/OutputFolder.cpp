@@ -195,7 +195,8 @@ void TOutputFolder::SwapWithTarget()
       Fail("can't be moved away", errno);
    if (rename(fStaging.c_str(), fPlace.c_str()) != 0) {
       const int error = errno;
-      rename(former.c_str(), fPlace.c_str());
+      if (rename(former.c_str(), fPlace.c_str()) != 0)
+         Fail(fmt::format("can't be moved into place; what stood there is {} now", former), error);
       Fail("can't be moved into place", error);
    }
    fStaging = former;

@@ -99,7 +99,7 @@ TEST(MOFReader, NamesPlaceAndExpectation)
       {"class A {}\ninstance of A {};", "a.mof:2:1: expected ';', found 'instance'"},
       {"class A { A S; };", "a.mof:1:11: expected a type or a class before 'ref', found 'A'"},
       {"class { };", "a.mof:1:7: expected the name of a class, found '{'"},
-      {"clas A { };",
+      {"clas",
        "a.mof:1:1: expected 'class', 'instance of', 'qualifier' or '#pragma', found 'clas'"},
       {"[Key] string A;",
        "a.mof:1:7: expected 'class' or 'instance of' after the qualifiers, found 'string'"},

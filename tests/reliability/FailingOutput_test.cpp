@@ -150,6 +150,30 @@ TEST_F(FailingOutput, ThatReplacesAFolderIsWholeOrLeavesIt)
       "report '" QSX_EXAMPLES "/compare/one-server-two-times/before.mof' --force -q -o out", 50);
 }
 
+TEST_F(FailingOutput, ThatReplacesAFolderDoesWithAPlainFileSystem)
+{
+   const auto replace = [this](const std::string& wishes) {
+      RunShell("rm -rf out .out* && mkdir out && echo mine >out/mine");
+      return RunWatched("QSX_PLAIN_FILES=1 QSX_FAIL_WITH=" + std::to_string(EIO) + ' ' + wishes,
+                        "report '" QSX_EXAMPLES
+                        "/compare/one-server-two-times/before.mof' --force -q -o out");
+   };
+   EXPECT_EQ(0, replace("").fExitCode);
+   EXPECT_EQ("", Read("out/mine"));
+   EXPECT_EQ("count out", List());
+   const int calls = std::stoi(Read("count"));
+   for (const int call : {calls - 1, calls}) {
+      EXPECT_THAT(replace("QSX_FAIL_CALL=" + std::to_string(call)).fError,
+                  HasSubstr("out: can't be moved "));
+      EXPECT_EQ("mine\n", Read("out/mine"));
+      EXPECT_EQ("count out", List());
+   }
+   const TResult stranded = replace("QSX_FAIL_ONWARD=1 QSX_FAIL_CALL=" + std::to_string(calls));
+   const std::string former = RunShell("cat .out*/mine && echo .out*").fOutput;
+   ASSERT_THAT(former, StartsWith("mine\n.out."));
+   EXPECT_THAT(stranded.fError, HasSubstr(former.substr(5, former.size() - 6)));
+}
+
 TEST_F(FailingOutput, OfOneFileIsWholeOrLeavesIt)
 {
    CheckFailures("echo mine >out.xml.gz",

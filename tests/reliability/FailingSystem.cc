@@ -2,10 +2,13 @@
 //
 // QSX_FAIL_CALL   which of them, counted from 1; without it the calls are counted and the number is
 //                 written to QSX_FAIL_COUNT, a file
-// QSX_FAIL_WITH   a number: the errno. "short": a write takes half of its bytes. "interrupt": a read
+// QSX_FAIL_WITH   a number: the errno. "short": a write takes half of its bytes. "interrupt": a
+// read
 //                 or write does nothing because of a signal; of those from there on, every second
 //                 one. "kill": the process is killed ahead of the call. "killed": after it.
 // QSX_FAIL_ONWARD all calls from there on
+// QSX_PLAIN_FILES a file system without nameless files, and which can't exchange two names; calls
+//                 that ask for these are not counted
 
 #include <dlfcn.h>
 #include <errno.h>
@@ -94,6 +97,10 @@ bool IsOutput(int descriptor)
 template <typename Open>
 int OpenNoted(int flags, Open open)
 {
+   if ((flags & __O_TMPFILE) != 0 && *GetWish("QSX_PLAIN_FILES")) {
+      errno = EOPNOTSUPP;
+      return -1;
+   }
    const bool writes = (flags & O_ACCMODE) != O_RDONLY;
    if (writes && Fails())
       return -1;
@@ -271,6 +278,10 @@ int renameat2(int fromFolder, const char* from, int toFolder, const char* to, un
 {
    static const auto next =
       GetNext<int(int, const char*, int, const char*, unsigned int)>("renameat2");
+   if (*GetWish("QSX_PLAIN_FILES")) {
+      errno = EINVAL;
+      return -1;
+   }
    return Fails() ? -1 : next(fromFolder, from, toFolder, to, flags);
 }
 

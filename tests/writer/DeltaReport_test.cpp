@@ -1,11 +1,17 @@
 #include <gmock/gmock.h>
 
+#include <regex>
+
 #include "catalogue/TReportDraft.h"
 #include "comparison/TDeltaRepository.h"
+#include "services/LogSinks.h"
+#include "services/TCoreLogger.h"
 #include "support/MakeStore.h"
 #include "support/TRecordingWriter.h"
 
+using testing::Contains;
 using testing::ElementsAre;
+using testing::IsSupersetOf;
 
 namespace {
 
@@ -32,8 +38,10 @@ std::string MakeSystem(const std::string& name, const std::string& instances)
       class Flash : Disk { };
       class Firmware { [Key] string ID; string Version; };
       class Volume { [Key] string Name; uint32 Size; };
+      class File { [Key] string Name; uint32 Size; };
       [Association] class Runs { [Key] Disk ref Disk; [Key] Firmware ref Firmware; };
       [Association] class Holds { [Key] Disk ref Disk; [Key] Volume ref Volume; };
+      [Association] class Keeps { [Key] Volume ref Volume; [Key] File ref File; };
       instance of ZANSG_ComputerSystem { Name = "s"; SerialNumber = ")" +
           name + "\"; };\ninstance of ZANSG_IPService { Name = \"i\"; HostName = \"" + name +
           "\"; };\n" + instances;
@@ -46,11 +54,19 @@ std::string MakeDisk(const std::string& name, int size, const std::string& note,
           "; Note = \"" + note + "\"; };\n";
 }
 
+std::string MakeBelow(const std::string& owner, const std::string& association,
+                      const std::string& cimClass, const std::string& name, int size)
+{
+   const std::string ownerClass = owner.substr(0, owner.find('.'));
+   return "instance of " + cimClass + " { Name = \"" + name + "\"; Size = " + std::to_string(size) +
+          "; };\ninstance of " + association + " { " + ownerClass + " = \"" + ownerClass +
+          ".Name=\\\"" + owner.substr(ownerClass.size() + 1) + "\\\"\"; " + cimClass + " = \"" +
+          cimClass + ".Name=\\\"" + name + "\\\"\"; };\n";
+}
+
 std::string MakeVolume(const std::string& disk, const std::string& name, int size)
 {
-   return "instance of Volume { Name = \"" + name + "\"; Size = " + std::to_string(size) +
-          "; };\ninstance of Holds { Disk = \"Disk.Name=\\\"" + disk +
-          "\\\"\"; Volume = \"Volume.Name=\\\"" + name + "\\\"\"; };\n";
+   return MakeBelow("Disk." + disk, "Holds", "Volume", name, size);
 }
 
 std::string MakeFirmware(const std::string& disk, const std::string& id, const std::string& version)
@@ -72,6 +88,7 @@ TReportParameters MakeReport()
    TTableDraft& volumes = disks.SubTable("Volume", "Holds");
    volumes.Column("Name", "50%");
    volumes.Column("Size", "50%");
+   volumes.SubTable("File", "Keeps").Column("Size", "100%");
    return report.Finish();
 }
 
@@ -164,4 +181,51 @@ TEST(DeltaReport, WhatDiffersBelowBringsItsOwnerAlong)
                            "WriteGrid", "| Name | Size |", "| y (raw: N/A) | 1 |",
                            "widths 100: 50 50", "WriteTableBreak", "WriteGrid", "| Name | Size |",
                            "| w (raw: N/A) | 1 |", "widths 100: 50 50", "WriteTableBreak"));
+}
+
+TEST(DeltaReport, AnotherFirmwareOfTheSameVersionIsNoDifferenceOfItsDisk)
+{
+   const std::string disk = MakeDisk("a", 1, "n");
+   EXPECT_THAT(
+      WriteReport({disk + MakeFirmware("a", "f", "1.0"), disk + MakeFirmware("a", "g", "1.0")}),
+      Contains("WriteIndexEntry \"disks\", \"Disks\", false"));
+}
+
+TEST(DeltaReport, WhatDiffersTwoLevelsBelowIsFoundByWalksThatTheLogTells)
+{
+   NZANQSX20::TRecordingLog log(NZANQSX20::kLogTrace);
+   const NZANQSX20::TLogAttachment attachment(log);
+   const std::string volume = MakeDisk("a", 1, "n") + MakeVolume("a", "v", 1);
+   EXPECT_THAT(WriteReport({volume + MakeBelow("Volume.v", "Keeps", "File", "f", 1),
+                            volume + MakeBelow("Volume.v", "Keeps", "File", "f", 2)}),
+               IsSupersetOf({"| a (raw: N/A) | 1 | n |  |", "| v (raw: N/A) | 1 |",
+                             "| 1 (raw: N/A) |", "| beta | 2 |"}));
+   std::string walks;
+   for (const auto& [level, text] : log.GetLines())
+      walks += std::regex_replace(std::regex_replace(text, std::regex("Entering TWriter::"), "+"),
+                                  std::regex("Exiting TWriter::"), "-") +
+               ' ';
+   EXPECT_EQ(
+      "+BaseInitialize -BaseInitialize +WriteGenericDeltaReport +CreateDeltaInstances "
+      "+FindDeltas -FindDeltas +CreateDeltaAssocProperties "
+      "+CreateDeltaAssocProperties(2), propertyName=Version, assocClass=Runs +FindDeltas "
+      "-FindDeltas -CreateDeltaAssocProperties(2) -CreateDeltaAssocProperties "
+      "+CreateDeltaBackAssocDependencies "
+      "-CreateDeltaBackAssocDependencies, !deltaClass->fBackAssociatedClass "
+      "+CreateDeltaInstances +FindDeltas -FindDeltas +CreateDeltaAssocProperties "
+      "-CreateDeltaAssocProperties +CreateDeltaBackAssocDependencies "
+      "+CreateDeltaBackAssocDependencies "
+      "-CreateDeltaBackAssocDependencies, !deltaClass->fBackAssociatedClass "
+      "-CreateDeltaBackAssocDependencies +CreateDeltaInstances +FindDeltas -FindDeltas "
+      "+CreateDeltaAssocProperties -CreateDeltaAssocProperties "
+      "+CreateDeltaBackAssocDependencies +CreateDeltaBackAssocDependencies "
+      "+CreateDeltaBackAssocDependencies "
+      "-CreateDeltaBackAssocDependencies, !deltaClass->fBackAssociatedClass "
+      "-CreateDeltaBackAssocDependencies -CreateDeltaBackAssocDependencies "
+      "-CreateDeltaInstances +CreateDeltaBackAssocDependencies "
+      "-CreateDeltaBackAssocDependencies -CreateDeltaInstances "
+      "+CreateDeltaBackAssocDependencies -CreateDeltaBackAssocDependencies "
+      "-CreateDeltaInstances +WriteTable -WriteTable +WriteTable -WriteTable +WriteTable "
+      "-WriteTable -WriteGenericDeltaReport ",
+      walks);
 }

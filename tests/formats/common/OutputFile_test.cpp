@@ -1,6 +1,7 @@
 #include "common/OutputFile.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -50,6 +51,23 @@ TEST(OutputFile, FailuresNameTheFileAndTheReason)
                 file.Close();
              }),
              "cannot write /dev/full: No space left on device");
+}
+
+TEST(OutputFile, MayTakeThePlaceOfAClosedStandardInput)
+{
+   TTemporaryFolder folder;
+   const int kept = dup(STDIN_FILENO);
+   close(STDIN_FILENO);
+   EXPECT_EQ(GetFailure([&folder] {
+                TOutputFile file(folder.GetPath("file"));
+                file.Write("text");
+                file.Close();
+                TOutputFile::MakeTemporary(folder.GetPath());
+             }),
+             "no failure");
+   EXPECT_EQ(folder.Read("file"), "text");
+   EXPECT_EQ(dup(kept), STDIN_FILENO);
+   close(kept);
 }
 
 TEST(OutputFile, ALinkIsNotFollowed)

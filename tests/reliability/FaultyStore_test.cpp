@@ -60,6 +60,12 @@ struct TOutcome
    std::map<std::uint64_t, std::string> fPageOfCall;
 };
 
+/// Of a page's path or link, which may end in ".html". A log file's own ending stays.
+std::string GetPageName(const std::filesystem::path& path)
+{
+   return path.extension() == ".html" ? path.stem() : path.filename();
+}
+
 /// A writer that knows which store calls its pages took.
 template <typename Writer>
 class TPagedWriter : public Writer
@@ -78,7 +84,7 @@ public:
       // A page that another one's entry stands for.
       if (!fPage.empty())
          fPageOfCall.emplace(fStore->GetCalls(), fPage);
-      fPage = std::filesystem::path(path).stem();
+      fPage = GetPageName(path);
       fBegins.emplace_back(CountLines(), fPage);
       Writer::OpenReportFile(path);
    }
@@ -89,7 +95,7 @@ public:
          fBegins.emplace_back(CountLines(), linkName);
       Writer::WriteIndexEntry(linkName, displayName, hasData);
       // Pages of log files come behind their entries.
-      fPageOfCall.emplace(fStore->GetCalls(), fPage.empty() ? linkName : fPage);
+      fPageOfCall.emplace(fStore->GetCalls(), fPage.empty() ? GetPageName(linkName) : fPage);
       fPage.clear();
       fBegins.emplace_back(CountLines(), fPage);
    }
@@ -141,7 +147,7 @@ void TakePages(TPagedWriter<THtmlWriter>&, const std::string& folder, TOutcome& 
          continue;
       std::ifstream file(entry.path());
       const std::string text{std::istreambuf_iterator<char>(file), {}};
-      const std::string name = entry.path().stem();
+      const std::string name = GetPageName(entry.path());
       const std::size_t own = text.find("<main");
       if (own != std::string::npos && name != "index" && name != "timeline")
          outcome.fPages[name] = text.substr(own);

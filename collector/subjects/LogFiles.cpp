@@ -15,7 +15,6 @@
 #include "machine/TMachine.h"
 #include "subjects/MachineClock.h"
 #include "subjects/TLogRecords.h"
-#include "text/Json.h"
 #include "text/Text.h"
 
 namespace NZANQSX20 {
@@ -196,6 +195,44 @@ std::vector<std::string_view> SplitTail(const std::string& text, bool isWhole)
    return lines;
 }
 
+/// Whether a line begins a message, as "<6>[    1.500000] eth0: link up"; the others go on with
+/// one.
+bool HasPriority(std::string_view line)
+{
+   const std::size_t end = line.find(">[");
+   return StartsWith(line, "<") && end != std::string_view::npos &&
+          ToNumber(line.substr(1, end - 1));
+}
+
+/// boot: seconds since 1970. A line without a priority or a time is a message all the same.
+TLogLine ReadKernelLine(std::string_view text, std::optional<std::int64_t> boot,
+                        const TMachine& machine)
+{
+   // The facility stands in the same number, above the priority.
+   constexpr std::uint64_t kPriorities = 8;
+   // A century. Units: seconds.
+   constexpr std::uint64_t kLongestUptime = 3'155'760'000;
+   TLogLine line;
+   line.fSource = "kernel";
+   line.fMessage = text;
+   const std::size_t end = text.find("] ");
+   if (!HasPriority(text) || end == std::string_view::npos)
+      return line;
+   const std::size_t stamp = text.find(">[");
+   line.fMessage = text.substr(end + 2);
+   line.fPriority = ToNumber(text.substr(1, stamp - 1)).value_or(0) % kPriorities;
+   const std::string_view time = Trim(text.substr(stamp + 2, end - stamp - 2));
+   const std::size_t point = std::min(time.find('.'), time.size());
+   const auto seconds = ToNumber(time.substr(0, point));
+   if (!boot || !seconds || *seconds > kLongestUptime)
+      return line;
+   const auto micro = static_cast<std::uint64_t>(ReadFraction(time.substr(point)));
+   const std::int64_t when = *boot + static_cast<std::int64_t>(*seconds);
+   line.fMicroseconds = static_cast<std::uint64_t>(when) * kSecond + micro;
+   line.fTime = machine.MakeTime(when, static_cast<unsigned>(micro));
+   return line;
+}
+
 /// Missing: 0 when the file gives nothing.
 std::size_t CollectFile(const TMachine& machine, TCollected& collected, const std::string& path,
                         const std::string& node, std::size_t most)
@@ -234,33 +271,22 @@ bool CollectLogFiles(const TMachine& machine, TCollected& collected)
 
 bool CollectKernelMessages(const TMachine& machine, TCollected& collected)
 {
-   // The facility stands in the same number, above the priority.
-   constexpr std::uint64_t kPriorities = 8;
-   const TReading reading = machine.RunTool("dmesg", {"-J"});
+   // As JSON, some versions give each message with all that follow, and others know no JSON.
+   const TReading reading = machine.RunTool("dmesg", {"-r"});
    if (!collected.Has(reading, kMessages))
       return false;
    const auto boot = ReadClock(machine).fBoot;
-   const rapidjson::Document json = ParseJson(reading.fText);
-   const auto messages = GetElements(GetMember(json, "dmesg"));
+   const std::vector<std::string_view> lines = SplitLines(reading.fText);
    TLogRecords records(collected, "kernel", machine.ReadLine("/proc/sys/kernel/hostname"));
-   for (const rapidjson::Value& message : messages) {
-      const rapidjson::Value& time = GetMember(message, "time");
-      const std::string text = GetText(message, "msg");
-      TLogLine line;
-      line.fSource = "kernel";
-      line.fMessage = text;
-      if (const auto priority = GetNumber(message, "pri"))
-         line.fPriority = *priority % kPriorities;
-      if (boot && time.IsNumber() && time.GetDouble() >= 0) {
-         const auto micro = static_cast<std::uint64_t>(*boot) * kSecond +
-                            static_cast<std::uint64_t>(time.GetDouble() * 1e6);
-         line.fMicroseconds = micro;
-         line.fTime = machine.MakeTime(static_cast<std::int64_t>(micro / kSecond),
-                                       static_cast<unsigned>(micro % kSecond));
-      }
+   for (std::size_t i = 0; i < lines.size();) {
+      TLogLine line = ReadKernelLine(lines[i], boot, machine);
+      std::string message(line.fMessage);
+      for (++i; i < lines.size() && !HasPriority(lines[i]); ++i)
+         message.append("\n").append(lines[i]);
+      line.fMessage = message;
       records.Add(line);
    }
-   return !messages.Empty();
+   return !lines.empty();
 }
 
 }  // namespace NZANQSX20

@@ -151,6 +151,26 @@ MemTotal: 1024 kB
    EXPECT_THAT(text, Not(HasSubstr("ZANSG_Card.")));
 }
 
+TEST(CollectMachine, TakesKernelMessagesWhereThereIsNoJournal)
+{
+   const std::string text = Collect(R"(== /proc/sys/kernel/hostname
+vm
+== /proc/stat
+btime 1700000000
+== /qsxreport-tools/dmesg_-r
+<5>[    0.000000] Linux version 6.1.0
+<11>[   12.500000] BUG: brandtnet stuck
+Call Trace:
+ <TASK>
+<6>[99999999999999999999.1] late
+<6>[    7] no fraction
+)");
+   EXPECT_THAT(text, HasSubstr("{BUG: brandtnet stuck\nCall Trace:\n <TASK>}"));
+   EXPECT_THAT(text, HasSubstr("20231114221332.500000+000"));
+   EXPECT_THAT(text, HasSubstr("{late}"));
+   EXPECT_THAT(text, HasSubstr("{no fraction}"));
+}
+
 TEST(CollectMachine, CollectsWhatABrokenMachineStillTells)
 {
    const std::string text = Collect(R"(== /proc/sys/kernel/hostname

@@ -81,12 +81,18 @@ public:
 
    void OpenReportFile(std::string path) override
    {
-      // A page that another one's entry stands for.
+      // A page that another one's entry stands for; what was called since belongs to this one.
       if (!fPage.empty())
-         fPageOfCall.emplace(fStore->GetCalls(), fPage);
+         fPageOfCall.emplace(fClosedAt, fPage);
       fPage = GetPageName(path);
       fBegins.emplace_back(CountLines(), fPage);
       Writer::OpenReportFile(path);
+   }
+
+   void CloseReportFile() override
+   {
+      Writer::CloseReportFile();
+      fClosedAt = fStore->GetCalls();
    }
 
    void WriteIndexEntry(std::string linkName, std::string displayName, const bool& hasData) override
@@ -120,6 +126,7 @@ public:
 
 private:
    std::string fPage;
+   std::uint64_t fClosedAt = 0;
 };
 
 template <typename Recording>
@@ -379,6 +386,7 @@ std::vector<std::uint64_t> GetFaultNumbers(std::uint64_t calls, bool isSlow)
 
 void CheckFaults(TFaultyRun run, bool isSlow = false)
 {
+   constexpr int kMostTold = 10;
    // Corrections change the collection in the first run only.
    run.Run({});
    const TOutcome reference = run.Run({});
@@ -386,6 +394,7 @@ void CheckFaults(TFaultyRun run, bool isSlow = false)
    const std::vector<std::uint64_t> numbers = GetFaultNumbers(reference.fCalls, isSlow);
    std::cout << reference.fCalls << " store calls, " << reference.fPages.size() << " pages, "
              << numbers.size() << " faults" << std::endl;
+   int failures = 0;
    for (std::size_t i = 0; i < numbers.size(); ++i) {
       const TFault fault = GetFault(numbers[i]);
       const std::string wrong = FindWrong(fault, run.Run(fault), reference);
@@ -395,9 +404,12 @@ void CheckFaults(TFaultyRun run, bool isSlow = false)
       const TOutcome next = isLast ? run.Run({}) : reference;
       const bool isClean = next.fStatus == kNone && next.fLines == reference.fLines &&
                            next.fPages == reference.fPages;
-      ASSERT_TRUE(wrong.empty() && isClean)
-         << "call " << fault.fCall << (fault.fOnward ? " and on" : "") << ", status "
-         << fault.fStatus << ": " << (wrong.empty() ? "the next run differs" : wrong);
+      if (wrong.empty() && isClean)
+         continue;
+      ADD_FAILURE() << "call " << fault.fCall << (fault.fOnward ? " and on" : "") << ", status "
+                    << fault.fStatus << ": " << (wrong.empty() ? "the next run differs" : wrong);
+      if (++failures == kMostTold)
+         return;
    }
 }
 

@@ -98,7 +98,7 @@ public:
    void WriteIndexEntry(std::string linkName, std::string displayName, const bool& hasData) override
    {
       if (fPage.empty())
-         fBegins.emplace_back(CountLines(), linkName);
+         fBegins.emplace_back(CountLines(), GetPageName(linkName));
       Writer::WriteIndexEntry(linkName, displayName, hasData);
       // Pages of log files come behind their entries.
       fPageOfCall.emplace(fStore->GetCalls(), fPage.empty() ? GetPageName(linkName) : fPage);
@@ -109,7 +109,7 @@ public:
    // Without "override": the hypervisor's writer has no such report.
    void WriteEventLogReport(TReportParameters params)
    {
-      const std::string name = params.GetLinkName();
+      const std::string name = GetPageName(params.GetLinkName());
       fBegins.emplace_back(CountLines(), name);
       Writer::WriteEventLogReport(params);
       fPageOfCall.emplace(fStore->GetCalls(), name);

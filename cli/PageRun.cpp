@@ -24,15 +24,21 @@
 #include "RunLog.h"
 #include "TQSXException.h"
 #include "services/TCoreLogger.h"
+#include "store/UnknownClass.h"
 
 using NZANQSX20::TQSXException;
 
 namespace {
 
+constexpr int kStatusOfEmptyHandle = 1;
+
 std::string DescribeFailure(const TQSXException& failure)
 {
-   return fmt::format("the run failed: {} (status {})", failure.what(),
-                      failure.fStatusCode.fStatusCode);
+   const int status = failure.fStatusCode.fStatusCode;
+   const std::string& unknownClass = NZANQSX20::GetUnknownClass();
+   const bool hasMissedClass = status == kStatusOfEmptyHandle && !unknownClass.empty();
+   return fmt::format("the run failed: {} (status {}{})", failure.what(), status,
+                      hasMissedClass ? "; there is no class " + unknownClass : "");
 }
 
 /// "a.mof, b.mof"

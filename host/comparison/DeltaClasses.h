@@ -3,6 +3,7 @@
 #include <string_view>
 #include <vector>
 
+#include "QSXExport.h"
 #include "store/Declarations.h"
 
 namespace NZANQSX20 {
@@ -20,9 +21,9 @@ enum EFindingType : unsigned
    kFindingProperty = 4
 };
 
-bool IsDeltaClass(std::string_view className);
+QSX_API bool IsDeltaClass(std::string_view className);
 
 /// The declarations of the three, where no findings file has its own.
-std::vector<TClassDecl> MakeDeltaClassDecls();
+QSX_API std::vector<TClassDecl> MakeDeltaClassDecls();
 
 }  // namespace NZANQSX20

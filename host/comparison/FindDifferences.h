@@ -32,8 +32,8 @@ struct TFinding
 /// Units: time and memory linear in the instances of a class, by hash.
 ///        Findings are handed over one by one: kept together they would outweigh the collections.
 /// Owner: keys, defaults and types are those of the merged declarations.
-void FindDifferences(const std::vector<const TMemoryStore*>& stores, const TSchema& merged,
-                     const TIgnoredProperties& ignored,
-                     const std::function<void(const TFinding&)>& add);
+QSX_API void FindDifferences(const std::vector<const TMemoryStore*>& stores, const TSchema& merged,
+                             const TIgnoredProperties& ignored,
+                             const std::function<void(const TFinding&)>& add);
 
 }  // namespace NZANQSX20

@@ -94,7 +94,7 @@ boost::shared_ptr<ICIMNamespace> TDeltaRepository::Open() const
    const auto repository = boost::make_shared<TRepository>(
       fStores, boost::shared_ptr<const TSchema>(fSchema), kDeltaRepository);
    repository->ShareHandlesOf(*fStores.front()->GetSchema().Find(kDeltaName));
-   return OpenNamespace(repository);
+   return OpenRepository(repository);
 }
 
 }  // namespace NZANQSX20

@@ -37,8 +37,8 @@ struct TCollection
    std::vector<std::string> fWarnings;
 };
 
-/// Reads files, folders (every readable file in them, in byte order of names) and "-" (standard
-/// input) as one namespace. A file is read once, however often it is named or included.
+/// Reads files, folders (all files in them, in byte order of names, without subfolders) and "-"
+/// (standard input) as one namespace. A file is read once, however often it is named or included.
 ///
 /// Throws: TReadError at the first thing that cannot be read; nothing is left behind.
 QSX_API TCollection LoadCollection(const std::vector<std::string>& paths,

@@ -31,7 +31,7 @@ TCIMValue ToValue(const TStoredValue& value, const TRepositoryHandle& repository
       std::string path;
       AppendText(path, value);
       return TCIMValue(
-         TCIMReference(OpenNamespace(repository), path, repository->GetContext(store)));
+         TCIMReference(OpenRepository(repository), path, repository->GetContext(store)));
    }
    if (IsRealType(type))
       return TCIMValue::Real(type, value.GetReal());

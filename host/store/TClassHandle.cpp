@@ -18,7 +18,7 @@ const std::string& TClassHandle::GetName(TContext)
 
 boost::shared_ptr<ICIMNamespace> TClassHandle::GetNamespace(TContext)
 {
-   return OpenNamespace(fRepository);
+   return OpenRepository(fRepository);
 }
 
 void TClassHandle::EnumerateSubclasses(boost::function<bool(boost::shared_ptr<ICIMClass>)> callback,

@@ -33,7 +33,7 @@ void TInstanceHandle::Delete(TContext)
 
 TCIMReference TInstanceHandle::GetReference(TContext)
 {
-   return TCIMReference(OpenNamespace(fRepository), fStore.GetPath(fInstance),
+   return TCIMReference(OpenRepository(fRepository), fStore.GetPath(fInstance),
                         fRepository->GetContext(fStore));
 }
 

@@ -6,6 +6,7 @@
 #include "TQSXException.h"
 #include "store/TClassHandle.h"
 #include "store/TInstanceHandle.h"
+#include "store/UnknownClass.h"
 
 namespace NZANQSX20 {
 
@@ -22,7 +23,14 @@ private:
    int fType;
 };
 
+thread_local std::string unknownClass;
+
 }  // namespace
+
+const std::string& GetUnknownClass()
+{
+   return unknownClass;
+}
 
 boost::shared_ptr<INamespaceProvider> TNamespaceHandle::GetProvider(TContext)
 {
@@ -32,8 +40,11 @@ boost::shared_ptr<INamespaceProvider> TNamespaceHandle::GetProvider(TContext)
 boost::shared_ptr<ICIMClass> TNamespaceHandle::GetClass(const std::string& className, TContext)
 {
    const TStoredClass* found = fRepository->GetSchema().Find(className);
-   if (found == nullptr)
+   if (found == nullptr) {
+      unknownClass = className;
       throw TQSXException(kStatusNotFound);
+   }
+   unknownClass.clear();
    return boost::make_shared<TClassHandle>(fRepository, *found);
 }
 
@@ -47,7 +58,7 @@ boost::shared_ptr<ICIMInstance> TNamespaceHandle::GetInstance(const TCIMReferenc
    return OpenInstance(fRepository, store, *found);
 }
 
-boost::shared_ptr<ICIMNamespace> OpenNamespace(TRepositoryHandle repository)
+boost::shared_ptr<ICIMNamespace> OpenRepository(TRepositoryHandle repository)
 {
    return boost::make_shared<TNamespaceHandle>(std::move(repository));
 }
@@ -56,7 +67,7 @@ boost::shared_ptr<ICIMNamespace> OpenNamespace(boost::shared_ptr<TMemoryStore> s
 {
    constexpr int kPlainRepository = 0;
    const boost::shared_ptr<const TSchema> schema(store, &store->GetSchema());
-   return OpenNamespace(boost::make_shared<const TRepository>(
+   return OpenRepository(boost::make_shared<const TRepository>(
       std::vector<boost::shared_ptr<TMemoryStore>>{store}, schema, kPlainRepository));
 }
 

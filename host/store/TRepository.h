@@ -65,6 +65,6 @@ private:
 using TRepositoryHandle = boost::shared_ptr<const TRepository>;
 
 /// The namespace over a repository.
-boost::shared_ptr<ICIMNamespace> OpenNamespace(TRepositoryHandle repository);
+boost::shared_ptr<ICIMNamespace> OpenRepository(TRepositoryHandle repository);
 
 }  // namespace NZANQSX20

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <unordered_map>
 
+#include "QSXExport.h"
 #include "store/TArena.h"
 #include "store/TStoredValue.h"
 
@@ -11,7 +12,7 @@ namespace NZANQSX20 {
 
 /// The slots that an instance has values for, in order of setting; shared by all instances of a
 /// class that set the same ones.
-struct TShape
+struct QSX_API TShape
 {
    std::uint32_t fCount = 0;
    const TSlot* fSlots = nullptr;
@@ -37,7 +38,7 @@ private:
 };
 
 /// The shapes of one class.
-class TShapeTable
+class QSX_API TShapeTable
 {
 public:
    /// The shape of these slots, made at the first call. Owner: the arena's.

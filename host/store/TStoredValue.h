@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "QSXExport.h"
 #include "TCIMDateTime.h"
 #include "TCIMValue.h"
 
@@ -19,7 +20,7 @@ using TSlot = std::uint32_t;
 /// Owner: text, date-time and elements lie in the store's arena or in a buffer that the store keeps
 /// (TMemoryStore::Keep). The factories here take views and copy nothing; those of TMemoryStore
 /// copy.
-class TStoredValue
+class QSX_API TStoredValue
 {
 public:
    using ECIMType = TCIMValue::ECIMType;

@@ -11,8 +11,11 @@
 #include <zstd.h>
 
 #include "readers/ExpectedClasses.h"
+#include "run/TReport.h"
+#include "store/UnknownClass.h"
 #include "support/DescribeStore.h"
 #include "support/MakeStore.h"
+#include "support/TRecordingWriter.h"
 #include "support/TTemporaryFolder.h"
 
 namespace NZANQSX20 {
@@ -283,6 +286,30 @@ TEST(ExpectedClasses, SteerToTheSystemsSensorsWhereNothingElseIsToBeShown)
    EXPECT_TRUE(isAdded(system + sensor));
    EXPECT_FALSE(isAdded(system + sensor + olderSensor));
    EXPECT_FALSE(isAdded(system)) << "the index would claim sensors";
+}
+
+TEST(ExpectedClasses, AreNamedAfterARunThatTheirAbsenceEnded)
+{
+   const std::vector<std::string> expected = DeclareExpectedClasses(*MakeStore(""));
+   std::vector<std::string> needed;
+   for (const std::string& missing : expected) {
+      std::string others;
+      for (const std::string& name : expected)
+         others += name != missing ? "class " + name + " { };" : "";
+      try {
+         TRecordingWriter writer;
+         TReport(MakeNamespace(others), {}, ".").Write(&writer, {});
+      } catch (const TQSXException& failure) {
+         EXPECT_EQ(1, failure.fStatusCode.fStatusCode);
+         EXPECT_EQ(missing, GetUnknownClass());
+         needed.push_back(missing);
+      }
+   }
+   // As docs/embedding.md lists them.
+   EXPECT_THAT(needed, ElementsAre("ZANSG_FirmwareElement", "CIM_BIOSElement", "ZANSG_PostBIOSVPD",
+                                   "ZANSG_DiagnosticVPD", "ZANSG_SPROMFirmwareVPDMain",
+                                   "ZANSG_SPROMFirmwareVPDBootROM", "ZANSG_HardwareRevisionLevel",
+                                   "ZANSG_FRU", "ZANSG_CadenzaDevices"));
 }
 
 }  // namespace

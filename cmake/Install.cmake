@@ -9,8 +9,9 @@ set(QSX_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/QsxReport)
 # file, and its headers below include/<output>, under the paths by which they include each other.
 function(qsx_install_library target output)
   cmake_parse_arguments(ARG "" "" "HEADERS" ${ARGN})
-  install(TARGETS ${target} ${target}_shared EXPORT QsxReport
-    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Development
+  install(TARGETS ${target} EXPORT QsxReportStatic
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Development)
+  install(TARGETS ${target}_shared EXPORT QsxReport
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Runtime NAMELINK_COMPONENT Development)
   foreach(header IN LISTS ARG_HEADERS)
     get_filename_component(folder ${header} DIRECTORY)
@@ -23,12 +24,14 @@ function(qsx_install_library target output)
     COMPONENT Development)
 endfunction()
 
-# The package files: find_package(QsxReport) gives QsxReport::qsxreport, QsxReport::qsxcore, each also as _static,
-# and QsxReport::contract.
+# The package files: find_package(QsxReport) gives QsxReport::qsxreport, QsxReport::qsxcore and QsxReport::contract;
+# with the component "static" also both libraries as _static.
 function(qsx_install_package)
   install(TARGETS qsx_contract EXPORT QsxReport)
   install(EXPORT QsxReport NAMESPACE QsxReport:: FILE QsxReportTargets.cmake DESTINATION ${QSX_PACKAGE_DIR}
     COMPONENT Development)
+  install(EXPORT QsxReportStatic NAMESPACE QsxReport:: FILE QsxReportStaticTargets.cmake
+    DESTINATION ${QSX_PACKAGE_DIR} COMPONENT Development)
   configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/QsxReportConfig.cmake.in
     ${PROJECT_BINARY_DIR}/QsxReportConfig.cmake INSTALL_DESTINATION ${QSX_PACKAGE_DIR})
   write_basic_package_version_file(${PROJECT_BINARY_DIR}/QsxReportConfigVersion.cmake

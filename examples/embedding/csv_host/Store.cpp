@@ -222,6 +222,8 @@ public:
 
    int GetProviderType(TContext) override { return 0; }  // one collection, no comparison
 
+   // Every class is there, one without a file is empty. A store that throws kStatusNotFound for a
+   // class that it doesn't have must have those that reports take for granted (docs/embedding.md).
    boost::shared_ptr<ICIMClass> GetClass(const std::string& className, TContext) override
    {
       boost::shared_ptr<TClass>& known = fClasses[className];

@@ -11,6 +11,11 @@ int main(int argc, char** argv)
       std::cerr << "usage: csv_host CSV-FOLDER FOLDER\n";
       return 2;
    }
-   TMarkdownWriter writer;
-   TReport(OpenCSVStore(argv[1]), {}, argv[2]).Write(&writer, {});
+   try {
+      TMarkdownWriter writer;
+      TReport(OpenCSVStore(argv[1]), {}, argv[2]).Write(&writer, {});
+   } catch (const std::exception& failure) {
+      std::cerr << failure.what() << '\n';
+      return 1;
+   }
 }

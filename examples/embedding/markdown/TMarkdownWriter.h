@@ -1,55 +1,44 @@
 #pragma once
 
 #include <fstream>
+#include <stdexcept>
 
-#include "writer/TWriter.h"
+#include "writer/TEmptyWriter.h"
 
-// A page for each report and an index of them. Reports whose tables come as grids need no more than this;
-// docs/embedding.md tells what the operations left empty are for.
-class TMarkdownWriter : public TWriter
+// A page for each report, and an index of them; docs/embedding.md tells of the other operations.
+class TMarkdownWriter final : public TEmptyWriter
 {
 public:
    // clang-format off
-   void Initialize(boost::shared_ptr<ICIMNamespace> store, TContext, std::string folder) override
-   { fNamespace = store; fOutputDirectory = folder; fMode = "default"; fOutputFormat = "markdown"; fIndex.open(folder + "/index.md"); }
+   void BeginIndex() override { Open(fIndex, fOutputDirectory + "/index"); }
    void BeginIndexGroup(std::string heading) override { fIndex << "\n## " << heading << "\n\n"; }
    void WriteIndexEntry(std::string link, std::string name, const bool& hasData) override
    { fIndex << (hasData && !link.empty() ? "- [" + name + "](" + link + ".md)\n" : "- " + name + ": no data\n"); }
-   void EndIndex() override { fIndex.close(); }
-   void OpenReportFile(std::string path) override { fPage.open(path + ".md"); }
+   void OpenReportFile(std::string path) override { Open(fPage, path); }
    void CloseReportFile() override { fPage.close(); }
    void WriteReportTitle(std::string title, std::string, std::string) override { fPage << "# " << title << '\n'; }
-   void WriteTableTitle(std::string title, const bool&, const bool&) override { fPage << "\n## " << title << '\n'; }
+   void WriteTableTitle(std::string title, const bool&, const bool&) override { fPage << "\n## " << title << "\n\n"; }
    void WriteGrid(TTableGrid* grid) override
    {
-      const std::size_t columns = grid->fCells.GetColumns();
       for (std::size_t row = 0; row < grid->fCells.GetRows(); ++row) {
-         for (std::size_t column = 0; column < columns; ++column) fPage << (column == 0 ? "\n| " : " | ") << grid->fCells(row, column).fText;
-         for (std::size_t column = 0; row == 0 && column < columns; ++column) fPage << (column == 0 ? " |\n|---" : "|---");
-         fPage << " |";
+         for (std::size_t column = 0; column < grid->fCells.GetColumns(); ++column) WriteCell(grid->fCells(row, column).fText);
+         EndTableRow();
       }
-      fPage << '\n';
+      EndTable();
    }
-   std::string GetArrayValueSeparatorText(TReportProperty::ArrayValueSeparator) override { return ", "; }
+   void EndTableRow() override { fPage << "|\n"; for (; fRows == 0 && fCells > 0; --fCells) fPage << (fCells > 1 ? "|---" : "|---|\n"); ++fRows; }
+   void EndTable() override { fPage << '\n'; fRows = fCells = 0; }
+   void WriteHeaderCell(boost::shared_ptr<ICIMClass> cimClass, TReportProperty column) override { WriteCell(GetTableHeaderLabel(*cimClass, column, {})); }
+   void WriteHeaderTextCell(std::string text, TReportProperty) override { WriteCell(text); }
+   void WriteTextCell(TReportProperty, std::string text) override { WriteCell(text); }
+   void WriteValueCell(boost::shared_ptr<ICIMInstance> instance, TReportProperty column) override
+   { WriteCell(GetValuesFromProperties(GetProperties(instance, column.GetProperty(), column.GetAssociationClass(), column.GetAssociationTarget()), ", ", false)); }
    std::string EncodeValueText(std::string text) override { for (char& c : text) if (c == '|' || c == '\n') c = ' '; return text; }
-   void WriteEventLogReport(TReportParameters params) override { WriteGenericReport(params); }
-   void WriteMergedLogReport(TReportParameters params) override { WriteGenericReport(params); }
-   void WriteTextCell(TReportProperty, std::string text) override { fPage << "- " << text << '\n'; }
-   void WriteHeaderTextCell(std::string text, TReportProperty) override { fPage << "- **" << text << "**\n"; }
-   void BeginIndex() override {} void EndIndexGroup() override {} void WriteRawDataLink(std::string&, std::string&) override {}
-   void WriteReportPreamble() override {} void BeginReportBody() override {} void EndReportBody() override {} void WriteTableBreak() override {}
-   void BeginColumnTable(std::string, std::string, bool) override {} void BeginRowTable(std::string, std::string, std::string) override {}
-   void WriteHeaderCell(boost::shared_ptr<ICIMClass>, TReportProperty) override {} void EndTableHeader() override {}
-   void BeginTableRow(const bool&) override {} void EndTableRow() override {} void EndTable() override {}
-   void WriteValueCell(boost::shared_ptr<ICIMInstance>, TReportProperty) override {} void WriteCadenzaHeader() override {}
-   void WriteNumericSensorCell(boost::shared_ptr<ICIMInstance>, TReportProperty) override {} void PrepareCadenzaReport() override {}
-   void WriteCadenzaRow(boost::shared_ptr<ICIMInstance>, TReportProperty, TReportProperty, TReportProperty, TReportProperty,
-                        TReportProperty, TReportProperty, TReportProperty, TReportProperty, int) override {}
-   void WriteRawDataCell(boost::shared_ptr<ICIMProperty>) override {} void WriteDeclHeaderCell(boost::shared_ptr<const ICIMPropertyDecl>) override {}
-   void WritePropertyValueCell(boost::shared_ptr<ICIMInstance>, boost::shared_ptr<ICIMProperty>) override {}
-   void WriteRegisterValueCell(boost::shared_ptr<ICIMInstance>, boost::shared_ptr<ICIMProperty>) override {}
-   void WriteEventLogTable(TInstances, std::string, std::string) override {}
-   // clang-format on
 private:
+   void WriteCell(const std::string& text) { fPage << "| " << text << ' '; fCells += fRows == 0; }
+   static void Open(std::ofstream& file, const std::string& path) { file.open(path + ".md"); if (!file) throw std::runtime_error(path + ".md can't be written"); }
+
+   // clang-format on
    std::ofstream fIndex, fPage;
+   int fRows = 0, fCells = 0;
 };

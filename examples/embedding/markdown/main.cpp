@@ -1,24 +1,32 @@
 // A store made in memory, and its reports as Markdown: markdown_report FOLDER
+#include <iostream>
+
 #include <boost/make_shared.hpp>
 
+#include "FillStore.h"
 #include "TMarkdownWriter.h"
 #include "readers/ExpectedClasses.h"
 #include "run/TReport.h"
-#include "store/TMemoryStore.h"
+#include "services/LogSinks.h"
+#include "services/TCoreLogger.h"
+#include "store/UnknownClass.h"
 
-using namespace NZANQSX20;
-
-int main(int count, char** arguments)
+int main(int argc, char** argv)
 {
-   const auto store = boost::make_shared<TMemoryStore>();
-   store->GetSchema().Declare({"ZANSG_Process", "", {}, {{"Handle"}, {"Name"}}});
-   TStoredClass& processes = *store->GetSchema().Find("ZANSG_Process");
-   for (const char* name : {"worker", "watch"}) {
-      TInstanceDraft process(processes);
-      process.Set(processes.GetSlot("Name"), store->MakeString(name));
-      store->Add(process);
+   TFileLog errors(kLogError);
+   TLogAttachment attachment(errors);
+   try {
+      const auto store = boost::make_shared<TMemoryStore>();
+      FillStore(*store);
+      DeclareExpectedClasses(*store);
+      TMarkdownWriter writer;
+      TReport(OpenNamespace(store), {}, argc > 1 ? argv[1] : ".").Write(&writer, {});
+   } catch (const TQSXException& failure) {
+      const std::string& unknown = GetUnknownClass();
+      std::cerr << failure.what() << (unknown.empty() ? "" : "; no class " + unknown) << '\n';
+      return 1;
+   } catch (const std::exception& failure) {
+      std::cerr << failure.what() << '\n';
+      return 1;
    }
-   DeclareExpectedClasses(*store);
-   TMarkdownWriter writer;
-   TReport(OpenNamespace(store), {}, count > 1 ? arguments[1] : ".").Write(&writer, {});
 }

@@ -30,15 +30,12 @@ using NZANQSX20::TQSXException;
 
 namespace {
 
-constexpr int kStatusOfEmptyHandle = 1;
-
 std::string DescribeFailure(const TQSXException& failure)
 {
-   const int status = failure.fStatusCode.fStatusCode;
-   const std::string& unknownClass = NZANQSX20::GetUnknownClass();
-   const bool hasMissedClass = status == kStatusOfEmptyHandle && !unknownClass.empty();
-   return fmt::format("the run failed: {} (status {}{})", failure.what(), status,
-                      hasMissedClass ? "; there is no class " + unknownClass : "");
+   const std::string& unknown = NZANQSX20::GetUnknownClass();
+   return fmt::format("the run failed: {} (status {}{})", failure.what(),
+                      failure.fStatusCode.fStatusCode,
+                      unknown.empty() ? "" : "; asked for last: class " + unknown + ", not there");
 }
 
 /// "a.mof, b.mof"

@@ -1,5 +1,8 @@
 #include "RunLog.h"
 
+#include <filesystem>
+#include <system_error>
+
 #include <fmt/format.h>
 
 #include "CommandFailure.h"
@@ -8,9 +11,32 @@
 
 using NZANQSX20::TFileLog;
 
+namespace fs = std::filesystem;
+
+namespace {
+
+/// The log begins anew, whatever its file held.
+/// Throws: TCommandFailure where that is an input, or a file of a folder that is one.
+void KeepInput(const std::string& log, const std::string& input)
+{
+   std::error_code none;
+   const fs::path folder = fs::path(log).parent_path();
+   const bool isInput = fs::equivalent(log, input, none) ||
+                        (fs::is_regular_file(log, none) &&
+                         fs::equivalent(folder.empty() ? "." : folder, input, none));
+   if (isInput)
+      throw TCommandFailure(kExitRun,
+                            fmt::format("{}: the log would replace the input {}", log, input));
+}
+
+}  // namespace
+
 TRunLog::TRunLog(const TOptions& options, TConsole& console)
    : fConsole(console), fPath(options.fLogFile)
 {
+   for (const std::string& input : options.fCollections)
+      KeepInput(fPath, input);
+   KeepInput(fPath, options.fFindings);
    if (!fPath.empty())
       fFile = std::make_unique<TFileLog>(fPath, options.fLogLevel);
    if (options.fVerbose)

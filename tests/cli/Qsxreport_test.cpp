@@ -152,6 +152,18 @@ TEST_F(Qsxreport, WritesCoreLogLinesUpToALevel)
    EXPECT_THAT(result.fError, HasSubstr("trace: Entering TWriter::BaseInitialize\n"));
 }
 
+TEST_F(Qsxreport, LogsOverNoInput)
+{
+   const std::string before = Read("server.mof");
+   for (const char* input : {"server.mof", "./server.mof", "."}) {
+      const TResult result = Run(std::string("report ") + input + " -o out --log server.mof");
+      EXPECT_EQ(4, result.fExitCode) << input;
+      EXPECT_THAT(result.fError, HasSubstr("server.mof: the log would replace the input "));
+   }
+   EXPECT_EQ(4, Run("compare . . --findings server.mof -o out --log server.mof").fExitCode);
+   EXPECT_EQ(before, Read("server.mof"));
+}
+
 TEST_F(Qsxreport, TellsAWrongUse)
 {
    const struct

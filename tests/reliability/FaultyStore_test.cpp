@@ -58,7 +58,6 @@ struct TOutcome
    std::vector<std::pair<std::string, std::string>> fOutline;
    /// The pages by the last store call that served them.
    std::map<std::uint64_t, std::string> fPageOfCall;
-   std::map<std::string, std::string> fTitles;
 };
 
 /// Of a page's path or link, which may end in ".html". A log file's own ending stays.
@@ -77,8 +76,6 @@ public:
    const TFaultStore* fStore = nullptr;
    /// The first page at each number: those behind it took no call of their own.
    std::map<std::uint64_t, std::string> fPageOfCall;
-   /// How the index calls each page.
-   std::map<std::string, std::string> fTitles;
    /// The first line of each page, and under no name of what stands between two.
    std::vector<std::pair<std::size_t, std::string>> fBegins;
 
@@ -106,11 +103,9 @@ public:
       fBegins.emplace_back(CountLines(), name);
       Writer::WriteIndexEntry(linkName, displayName, hasData);
       fBegins.emplace_back(CountLines(), "");
-      if (name.empty())
-         return;
       // Pages of log files come behind their entries.
-      fPageOfCall.emplace(fStore->GetCalls(), name);
-      fTitles[name] = displayName;
+      if (!name.empty())
+         fPageOfCall.emplace(fStore->GetCalls(), name);
    }
 
    // Without "override": the hypervisor's writer has no such report.
@@ -277,7 +272,6 @@ TFaultyRun::TWrite Writing(const TContext& params, const Arguments&... arguments
       TOutcome outcome;
       writer->fStore = &store;
       writer->fPageOfCall.clear();
-      writer->fTitles.clear();
       writer->fBegins.clear();
       store.fOnFailure = [&] { outcome.fLinesBefore = writer->CountLines(); };
       const TQuiet quiet;
@@ -293,7 +287,6 @@ TFaultyRun::TWrite Writing(const TContext& params, const Arguments&... arguments
       store.fOnFailure = nullptr;
       outcome.fCalls = store.GetCalls();
       outcome.fPageOfCall = writer->fPageOfCall;
-      outcome.fTitles = writer->fTitles;
       TakePages(*writer, folder->GetPath(), outcome);
       return outcome;
    };
@@ -326,17 +319,31 @@ bool MayChange(const std::string& failing, const std::string& page)
           (kGuarded.count(failing) != 0 && kGuarded.count(page) != 0);
 }
 
-/// What stands around the pages that a failure must not change, a line each. A page that could not
-/// be made has an entry without a link, under the same title.
-std::string GetOutline(const TOutcome& outcome, const std::string& failing,
-                       const std::string& title)
+/// What stands around the pages that a failure must not change.
+TLines GetOutline(const TOutcome& outcome, const std::string& failing)
 {
-   const std::string unlinked = "WriteIndexEntry \"\", \"" + title + "\"";
-   std::string outline;
+   TLines outline;
    for (const auto& [page, call] : outcome.fOutline)
-      if (!MayChange(failing, page) && (title.empty() || call.rfind(unlinked, 0) != 0))
-         outline += page + call + '\n';
+      if (!MayChange(failing, page))
+         outline.push_back(page + call);
    return outline;
+}
+
+/// A page that could not be made may leave an index entry without a link in its place.
+/// Missing: the empty text when all is as it should be.
+std::string FindChangedOutline(TLines found, const TLines& expected)
+{
+   const auto differ = [&] {
+      return std::mismatch(found.begin(), found.end(), expected.begin(), expected.end());
+   };
+   const auto place = differ().first;
+   if (place != found.end() && place->rfind("WriteIndexEntry \"\", ", 0) == 0)
+      found.erase(place);
+   const auto [other, own] = differ();
+   if (other == found.end() && own == expected.end())
+      return "";
+   return "\n" + (own != expected.end() ? *own : "nothing") + "\nis\n" +
+          (other != found.end() ? *other : "nothing");
 }
 
 /// The pages that failed must not change others. Missing: the empty text when all is as it should.
@@ -351,11 +358,9 @@ std::string FindChanged(const std::string& failing, const TOutcome& outcome,
       return fault + "this page differs, too: " + name +
              (found != outcome.fPages.end() ? ShowDifference(page, found->second) : "");
    }
-   const auto title = reference.fTitles.find(failing);
-   const std::string name = title != reference.fTitles.end() ? title->second : "";
-   const std::string outline = GetOutline(outcome, failing, name);
-   const std::string expected = GetOutline(reference, failing, name);
-   return outline == expected ? "" : fault + "around the pages" + ShowDifference(expected, outline);
+   const std::string changed =
+      FindChangedOutline(GetOutline(outcome, failing), GetOutline(reference, failing));
+   return changed.empty() ? "" : fault + "around the pages" + changed;
 }
 
 /// What a fault must not change. Missing: the empty text when all is as it should be.

@@ -153,7 +153,7 @@ TCollection LoadCollection(const std::vector<std::string>& paths, const TReadLim
    for (const std::string& path : paths)
       loading.ReadPath(path);
    TCollection collection = loading.Finish();
-   if (collection.fCounts.fClassesRead + collection.fCounts.fInstancesRead == 0)
+   if (!paths.empty() && collection.fCounts.fClassesRead + collection.fCounts.fInstancesRead == 0)
       collection.fWarnings.push_back(FormatPlaced(fmt::format("{}", fmt::join(paths, ", ")), {},
                                                   "warning: it holds no class and no instance"));
    return collection;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <stdexcept>
 #include <string>
 
 #include "store/TMemoryStore.h"
@@ -43,10 +44,12 @@ inline void DeclareClasses(TSchema& schema)
 inline TStoredInstance& Add(TMemoryStore& store, const char* className,
                             const std::map<std::string, TStoredValue>& values)
 {
-   TStoredClass& storedClass = *store.GetSchema().Find(className);
-   TInstanceDraft draft(storedClass);
+   TStoredClass* const storedClass = store.GetSchema().Find(className);
+   if (storedClass == nullptr)
+      throw std::invalid_argument(std::string("no class ") + className);
+   TInstanceDraft draft(*storedClass);
    for (const auto& [name, value] : values)
-      draft.Set(storedClass.GetSlot(name), value);
+      draft.Set(storedClass->GetSlot(name), value);
    return store.Add(draft);
 }
 

@@ -23,7 +23,9 @@ int main(int argc, char** argv)
       TReport(OpenNamespace(store), {}, argc > 1 ? argv[1] : ".").Write(&writer, {});
    } catch (const TQSXException& failure) {
       const std::string& unknown = GetUnknownClass();
-      std::cerr << failure.what() << (unknown.empty() ? "" : "; no class " + unknown) << '\n';
+      std::cerr << failure.what()
+                << (unknown.empty() ? "" : "; asked for last: class " + unknown + ", not there")
+                << '\n';
       return 1;
    } catch (const std::exception& failure) {
       std::cerr << failure.what() << '\n';

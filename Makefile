@@ -66,10 +66,11 @@ torture: build/$(TORTURE)/build.ninja
 	@QSX_TORTURE=$(FAULTS) build/$(TORTURE)/bin/qsxreport_tests --gtest_filter='FaultyStore.*:FailingOutput.*'
 	@tests/reliability/hostile_pages.py build/$(TORTURE)/bin/qsxreport examples 6
 
-# The same bytes from clang, from g++ and from the sanitizers' build, whose optimisations are others.
-same-bytes: build/release/build.ninja build/asan-ubsan/build.ninja build/fuzz/build.ninja
-	@for preset in release asan-ubsan fuzz; do cmake --build --preset $$preset --target qsxreport -- --quiet; done
-	@tests/reliability/same_bytes examples $(foreach preset,release asan-ubsan fuzz,build/$(preset)/bin/qsxreport)
+# The same bytes from clang, from g++ with and without optimisation, and from the sanitizers' build.
+SAME_BYTES := release dev asan-ubsan fuzz
+same-bytes: $(foreach preset,$(SAME_BYTES),build/$(preset)/build.ninja)
+	@for preset in $(SAME_BYTES); do cmake --build --preset $$preset --target qsxreport -- --quiet; done
+	@tests/reliability/same_bytes examples $(foreach preset,$(SAME_BYTES),build/$(preset)/bin/qsxreport)
 
 sanitize: build/asan-ubsan/build.ninja
 	@cmake --build --preset asan-ubsan

@@ -83,7 +83,7 @@ public:
    {
       EndPage();
       fPage = GetPageName(path);
-      fBegins.emplace_back(CountLines(), fPage);
+      fBegins.emplace_back(FindFirstLine(), fPage);
       Writer::OpenReportFile(path);
    }
 
@@ -127,6 +127,16 @@ public:
    }
 
 private:
+   /// A page begins with the link to its raw data, which is written ahead of it.
+   std::size_t FindFirstLine() const
+   {
+      std::size_t first = CountLines();
+      if constexpr (!std::is_same_v<THtmlWriter, Writer>)
+         while (first > 0 && this->fLines[first - 1].rfind("WriteRawDataLink", 0) == 0)
+            --first;
+      return first;
+   }
+
    /// What is called behind it belongs to the next one.
    void EndPage()
    {

@@ -313,6 +313,16 @@ std::string ShowDifference(const std::string& expected, const std::string& found
    return "\n" + expected.substr(at, kShown) + "\nis\n" + found.substr(at, kShown);
 }
 
+/// Whether a report writes the first page, its raw data, ahead of the second; the pages link to
+/// each other.
+bool IsRawDataOf(const std::string& rawData, const std::string& page)
+{
+   static const std::set<std::pair<std::string, std::string>> kOtherNames = {
+      {"megalsi_rawData", "lsi_mr"}, {"cvmanager_rawData_index", "corvanelogs"}};
+   return (!page.empty() && rawData.rfind(page + "_rawData", 0) == 0) ||
+          kOtherNames.count({rawData, page}) != 0;
+}
+
 /// Whether a failure in one page may change another one.
 bool MayChange(const std::string& failing, const std::string& page)
 {
@@ -322,11 +332,8 @@ bool MayChange(const std::string& failing, const std::string& page)
    // Ahead of "resource" it is asked again whether there are teams: another answer writes "net"
    // once more.
    const bool isNetAgain = failing == "resource" && page == "net";
-   // A report writes its raw data ahead of its page.
-   const bool isRawData = (!page.empty() && failing.rfind(page + "_rawData", 0) == 0) ||
-                          (failing == "cvmanager_rawData_index" && page == "corvanelogs");
-   return page == failing || isRawData || isNetAgain ||
-          (kGuarded.count(failing) != 0 && kGuarded.count(page) != 0);
+   return page == failing || IsRawDataOf(failing, page) || IsRawDataOf(page, failing) ||
+          isNetAgain || (kGuarded.count(failing) != 0 && kGuarded.count(page) != 0);
 }
 
 /// What stands around the pages that a failure must not change.
